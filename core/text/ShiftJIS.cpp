@@ -208,7 +208,7 @@ std::optional<std::string> decodeShiftJIS(std::span<const std::uint8_t> bytes)
             text.append(static_cast<char16_t>(halfWidthKatakana + byte - firstHalfWidthCode));
             ++i;
         } else {
-            if (!isLead(byte) || i + 1 >= bytes.size() || !isTrail(bytes[i + 1])) return std::nullopt;
+            if (shiftJISCharacterLength(bytes.subspan(i)) != 2) return std::nullopt;
             const char16_t scalar = scalarOf(byte, bytes[i + 1]);
             if (scalar == 0) return std::nullopt;
             text.append(scalar);
@@ -234,6 +234,13 @@ std::optional<std::string> decodeText(std::span<const std::uint8_t> bytes)
     std::string text(bytes.begin(), bytes.end());
     if (!isUTF8(text)) return std::nullopt;
     return text;
+}
+
+std::size_t shiftJISCharacterLength(std::span<const std::uint8_t> bytes)
+{
+    if (bytes.empty()) return 0;
+    if (bytes[0] < 0x80 || isHalfWidthKatakana(bytes[0])) return 1;
+    return isLead(bytes[0]) && bytes.size() > 1 && isTrail(bytes[1]) ? 2 : 0;
 }
 
 } // namespace tonavelle

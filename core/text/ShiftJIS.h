@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -23,5 +24,9 @@ std::vector<std::uint8_t> encodeShiftJISLossy(std::string_view utf8);
 
 /// Decodes text of unknown encoding to UTF-8: as Shift_JIS if it is valid Shift_JIS, else as UTF-8, else nothing.
 std::optional<std::string> decodeText(std::span<const std::uint8_t> bytes);
+
+/// The bytes, 1 or 2, of the Shift_JIS character that `bytes` begin with, by its form alone: the code need not be
+/// assigned. 0 where no whole character stands there.
+std::size_t shiftJISCharacterLength(std::span<const std::uint8_t> bytes);
 
 } // namespace tonavelle
