@@ -1,0 +1,139 @@
+#include "core/protocol/MIDIEventParser.h"
+
+#include "core/protocol/ByteReader.h"
+#include "core/protocol/MIDIFileFormat.h"
+#include "core/text/ShiftJIS.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <tuple>
+#include <utility>
+
+namespace tonavelle
+{
+
+namespace
+{
+
+using namespace MIDIFileFormat;
+
+class EventParser
+{
+public:
+    explicit EventParser(std::span<const std::uint8_t> data) : m_bytes(data) {}
+
+    std::vector<ParsedMIDIEvent> parse()
+    {
+        const std::uint16_t trackCount = readHeader();
+        for (int track = 0; track < trackCount; ++track)
+            parseTrack(track);
+        std::ranges::sort(m_events, {}, [](const ParsedMIDIEvent& event) {
+            return std::tuple(event.absoluteTick, event.trackIndex, event.order);
+        });
+        return std::move(m_events);
+    }
+
+private:
+    /// The number of tracks; the cursor then stands where the header's length says, which may be anywhere.
+    std::uint16_t readHeader()
+    {
+        expectTag(headerTag);
+        const std::uint32_t length = m_bytes.uint32BigEndian();
+        const std::size_t start = m_bytes.position();
+        m_bytes.uint16BigEndian();
+        const std::uint16_t trackCount = m_bytes.uint16BigEndian();
+        m_bytes.uint16BigEndian();
+        m_bytes.moveTo(start + length);
+        return trackCount;
+    }
+
+    void parseTrack(std::int64_t trackIndex)
+    {
+        expectTag(trackTag);
+        const std::uint32_t length = m_bytes.uint32BigEndian();
+        const std::size_t end = m_bytes.position() + length;
+        m_trackIndex = trackIndex;
+        m_tick = 0;
+        m_runningStatus.reset();
+        while (m_bytes.position() < end)
+            parseEvent();
+        m_bytes.moveTo(end);
+    }
+
+    void parseEvent()
+    {
+        m_tick += m_bytes.variableLengthQuantity();
+        const std::uint8_t status = readStatus();
+        if (status == metaStatus)
+            parseMeta();
+        else if (status == sysExStatus || status == sysExEnd)
+            parseSysEx(status);
+        else
+            m_bytes.moveTo(m_bytes.position() + ((status & 0xE0) == 0xC0 ? 1 : 2));
+    }
+
+    /// A data byte that comes first in a track is taken for a status byte, and runs on as one.
+    std::uint8_t readStatus()
+    {
+        const std::uint8_t next = m_bytes.peek();
+        if (next < 0x80 && m_runningStatus) return *m_runningStatus;
+        m_bytes.byte();
+        if (next < sysExStatus) m_runningStatus = next;
+        return next;
+    }
+
+    void parseMeta()
+    {
+        const std::uint8_t type = m_bytes.byte();
+        const auto data = m_bytes.bytes(m_bytes.variableLengthQuantity());
+        ParsedMIDIEvent event = nextEvent();
+        event.metaType = type;
+        if (type == textMetaType || type == lyricMetaType) event.text = decodeText(data);
+        m_events.push_back(std::move(event));
+    }
+
+    void parseSysEx(std::uint8_t status)
+    {
+        const auto data = m_bytes.bytes(m_bytes.variableLengthQuantity());
+        ParsedMIDIEvent event = nextEvent();
+        const std::ptrdiff_t statusCount = status == sysExStatus ? 1 : 0;
+        event.message.assign(data.size() + static_cast<std::size_t>(statusCount), status);
+        std::ranges::copy(data, event.message.begin() + statusCount);
+        m_events.push_back(std::move(event));
+    }
+
+    ParsedMIDIEvent nextEvent()
+    {
+        ParsedMIDIEvent event;
+        event.absoluteTick = m_tick;
+        event.trackIndex = m_trackIndex;
+        event.order = static_cast<std::int64_t>(m_events.size());
+        return event;
+    }
+
+    void expectTag(std::span<const std::uint8_t> tag)
+    {
+        if (!std::ranges::equal(m_bytes.bytes(tag.size()), tag)) throw MIDIEventParserError();
+    }
+
+    ByteReader m_bytes;
+    std::vector<ParsedMIDIEvent> m_events;
+    std::int64_t m_trackIndex = 0;
+    std::int64_t m_tick = 0;
+    std::optional<std::uint8_t> m_runningStatus; ///< of the track being read; SysEx and meta events leave it as it is
+};
+
+} // namespace
+
+std::vector<ParsedMIDIEvent> parseMIDIEvents(std::span<const std::uint8_t> data)
+{
+    try {
+        return EventParser(data).parse();
+    } catch (const ByteReader::PastEnd&) {
+        throw MIDIEventParserError();
+    } catch (const ByteReader::QuantityTooLong&) {
+        throw MIDIEventParserError();
+    }
+}
+
+} // namespace tonavelle
