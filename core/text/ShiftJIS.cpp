@@ -218,6 +218,14 @@ std::optional<std::string> decodeShiftJIS(std::span<const std::uint8_t> bytes)
     return std::move(text).result();
 }
 
+std::optional<std::uint16_t> shiftJISCode(char32_t scalar)
+{
+    const Codes& codes = codeTable();
+    const std::uint16_t code = scalar < codes.size() ? codes[scalar] : 0;
+    if (code == 0 && scalar != 0) return std::nullopt;
+    return code;
+}
+
 std::optional<std::vector<std::uint8_t>> encodeShiftJIS(std::string_view utf8)
 {
     return encode(utf8, Unmappable::fails);

@@ -15,6 +15,9 @@ namespace tonavelle
 /// 0x5C and 0x7E are backslash and tilde; 0x80, 0xA0 and 0xFD...0xFF begin no character.
 std::optional<std::string> decodeShiftJIS(std::span<const std::uint8_t> bytes);
 
+/// The Shift_JIS code of one Unicode scalar, one byte or lead and trail; nothing if it has none.
+std::optional<std::uint16_t> shiftJISCode(char32_t scalar);
+
 /// Encodes UTF-8 as Shift_JIS; nothing if any scalar has no code or the text is ill-formed. Characters that have two
 /// usual Unicode forms, such as the wave dash, are taken in both.
 std::optional<std::vector<std::uint8_t>> encodeShiftJIS(std::string_view utf8);
