@@ -1,0 +1,30 @@
+#pragma once
+
+#include "EditorPage.h"
+
+#include <QStackedWidget>
+
+#include <array>
+
+namespace orvim {
+
+class EditorRuntime;
+class PageScaffold;
+
+/// Holds all seven pages, alive from the start, and shows the selected one; what stands in a page survives a change.
+class EditorPageHost : public QStackedWidget
+{
+    Q_OBJECT
+
+public:
+    explicit EditorPageHost(EditorRuntime& runtime, QWidget* parent = nullptr);
+
+    PageScaffold& page(EditorPage page) const;
+
+private:
+    void addPage(PageScaffold* page);
+
+    std::array<PageScaffold*, allEditorPages.size()> m_pages{};
+};
+
+} // namespace orvim
