@@ -4,7 +4,8 @@
 
 #include <utility>
 
-namespace orvim {
+namespace orvim
+{
 
 RealtimeQueue::RealtimeQueue(const std::string& name)
     : thread([this, name] {

@@ -7,7 +7,8 @@
 #include <string>
 #include <thread>
 
-namespace orvim {
+namespace orvim
+{
 
 /// Runs jobs one after another, in the order in which they were posted, on a thread of its own with the highest
 /// priority that the user may have.

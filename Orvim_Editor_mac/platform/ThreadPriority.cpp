@@ -3,7 +3,8 @@
 #include <pthread.h>
 #include <sched.h>
 
-namespace orvim {
+namespace orvim
+{
 
 void becomeRealtimeThread(const std::string& name)
 {

@@ -1,0 +1,261 @@
+#include "platform/ALSAMIDISystem.h"
+
+#include <system_error>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <set>
+#include <utility>
+
+namespace orvim
+{
+namespace
+{
+
+constexpr MIDIClientRef onlyClient = 1;
+constexpr MIDIPortRef onlyPort = 1;
+
+std::set<int> deviceCards(const std::vector<DestinationRow>& rows)
+{
+    std::set<int> cards;
+    for (const DestinationRow& row : rows) {
+        if (row.destination.port.isDevicePort()) cards.insert(row.destination.port.card);
+    }
+    return cards;
+}
+
+} // namespace
+
+ALSAMIDISystem::ALSAMIDISystem()
+    : door(std::make_shared<MainThreadDoor>()), disturbed(std::make_shared<std::atomic<std::uint64_t>>(0))
+{
+}
+
+ALSAMIDISystem::~ALSAMIDISystem()
+{
+    disposeClient(onlyClient);
+    door->close();
+}
+
+MIDIStatus ALSAMIDISystem::createClient(const std::string& name, std::function<void()> setupChangedCall,
+                                        DeliveryFailure deliveryFailedCall, MIDIClientRef& client)
+{
+    client = 0;
+    auto opened = std::make_unique<DestinationDirectory>();
+    if (const MIDIStatus status = opened->open(name); status != 0) return status;
+    setupChanged = std::move(setupChangedCall);
+    deliveryFailed = std::move(deliveryFailedCall);
+    names.client = name;
+    directory = std::move(opened);
+    try {
+        listener = std::make_unique<SetupListener>(
+            *directory, SetupListener::Events{.newsFollowed = [this] { followSetup(); },
+                                              .cardGone = [this](int card) { loseCard(card); }});
+    } catch (const std::system_error& error) {
+        directory.reset();
+        return -error.code().value();
+    }
+    client = onlyClient;
+    return 0;
+}
+
+MIDIStatus ALSAMIDISystem::createOutputPort(MIDIClientRef client, const std::string& name, MIDIPortRef& port)
+{
+    port = 0;
+    if (client != onlyClient || !directory) return -EINVAL;
+    const std::lock_guard lock(mutex);
+    names.port = name;
+    outputPort = onlyPort;
+    port = onlyPort;
+    return 0;
+}
+
+std::size_t ALSAMIDISystem::refreshDestinations()
+{
+    if (!directory) return 0;
+    std::vector<DestinationRow> fresh = directory->list();
+    listener->watchCards(deviceCards(fresh));
+    const std::lock_guard lock(mutex);
+    rows = std::move(fresh);
+    forgetClosedServices();
+    return rows.size();
+}
+
+MIDIEndpointRef ALSAMIDISystem::destination(std::size_t index) const
+{
+    const std::lock_guard lock(mutex);
+    return index < rows.size() ? rows[index].endpoint : 0;
+}
+
+std::optional<std::string> ALSAMIDISystem::displayName(MIDIEndpointRef endpoint) const
+{
+    const std::lock_guard lock(mutex);
+    const DestinationRow* row = findRow(endpoint);
+    return row == nullptr ? std::nullopt : std::optional(row->destination.name);
+}
+
+std::optional<std::string> ALSAMIDISystem::name(MIDIEndpointRef endpoint) const
+{
+    const std::lock_guard lock(mutex);
+    const DestinationRow* row = findRow(endpoint);
+    return row == nullptr ? std::nullopt : std::optional(row->destination.port.portName);
+}
+
+const DestinationRow* ALSAMIDISystem::findRow(MIDIEndpointRef endpoint) const
+{
+    const auto found = std::ranges::find(rows, endpoint, &DestinationRow::endpoint);
+    return found == rows.end() ? nullptr : &*found;
+}
+
+void ALSAMIDISystem::select(MIDIPortRef port, MIDIEndpointRef endpoint)
+{
+    const std::lock_guard lock(mutex);
+    if (port != outputPort || port == 0) return;
+    selected = endpoint;
+    for (const auto& [other, service] : services) {
+        if (other != endpoint) service.worker->retire();
+    }
+    const auto found = services.find(endpoint);
+    if (found != services.end() && found->second.worker->keep()) return;
+    if (const DestinationRow* row = findRow(endpoint)) startService(*row);
+}
+
+/// Replaces a worker that has ended. The caller holds the lock.
+std::shared_ptr<DestinationWorker> ALSAMIDISystem::startService(const DestinationRow& row)
+{
+    const int card = row.destination.port.isDevicePort() ? row.destination.port.card : SequencerPort::noCard;
+    const MIDIEndpointRef endpoint = row.endpoint;
+    auto route = std::make_unique<ALSADestinationRoute>(row.destination.port.address, names, disturbed);
+    auto failed = [this, ownDoor = door, endpoint, card](const std::shared_ptr<DestinationWorker>& worker,
+                                                         MIDIStatus status) {
+        // The worker may outlive the system; the door, once closed, lets nothing through to it.
+        ownDoor->post([this, endpoint, card, worker, status] { tellFailure(endpoint, card, status, *worker); });
+    };
+    const auto worker = DestinationWorker::start(
+        std::move(route), {.stirred = [ownDoor = door] { ownDoor->stir(); }, .failed = std::move(failed)});
+    services[endpoint] = {worker, card};
+    return worker;
+}
+
+/// The worker of any destination of the list; one that is not selected ends again after its message.
+std::shared_ptr<DestinationWorker> ALSAMIDISystem::serviceFor(MIDIEndpointRef endpoint)
+{
+    const auto found = services.find(endpoint);
+    if (found != services.end()) return found->second.worker;
+    const DestinationRow* row = findRow(endpoint);
+    return row == nullptr ? nullptr : startService(*row);
+}
+
+MIDIStatus ALSAMIDISystem::send(MIDIPortRef port, MIDIEndpointRef endpoint, std::span<const std::uint8_t> message,
+                                MIDILane lane)
+{
+    constexpr int mostAttempts = 3; // a worker that is not selected may end between finding and using it
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        std::unique_lock lock(mutex);
+        if (port != outputPort || port == 0) return -EINVAL;
+        if (message.empty()) return 0;
+        const std::shared_ptr<DestinationWorker> worker = serviceFor(endpoint);
+        if (!worker) return -ENODEV;
+        lock.unlock();
+
+        if (lane == MIDILane::normal && !door->waitUntil([&worker] { return !worker->isFull(); })) return -ECANCELED;
+        const std::optional<MIDIStatus> status = worker->send(message, lane);
+
+        lock.lock();
+        if (endpoint != selected) worker->retire();
+        if (status) return *status;
+        services.erase(endpoint);
+    }
+    return -ENODEV;
+}
+
+/// Called on the listener's thread.
+void ALSAMIDISystem::followSetup()
+{
+    failServices([this](MIDIEndpointRef endpoint, const Service&) { return !directory->isCurrent(endpoint); });
+    const std::vector<DestinationRow> fresh = directory->list();
+    {
+        const std::lock_guard lock(mutex);
+        if (fresh == rows) return;
+    }
+    setupChanged();
+}
+
+/// Called on the listener's thread.
+void ALSAMIDISystem::loseCard(int card)
+{
+    failServices([card](MIDIEndpointRef, const Service& service) { return service.card == card; });
+    directory->markGone(card);
+    setupChanged();
+}
+
+void ALSAMIDISystem::failServices(const std::function<bool(MIDIEndpointRef, const Service&)>& hasFailed)
+{
+    std::vector<std::shared_ptr<DestinationWorker>> failing;
+    {
+        const std::lock_guard lock(mutex);
+        for (const auto& [endpoint, service] : services) {
+            if (hasFailed(endpoint, service)) failing.push_back(service.worker);
+        }
+    }
+    for (const auto& worker : failing) {
+        worker->fail(-ENODEV);
+    }
+}
+
+void ALSAMIDISystem::tellFailure(MIDIEndpointRef endpoint, int card, MIDIStatus status, DestinationWorker& worker)
+{
+    if (const auto failure = worker.takeFailure()) deliveryFailed(endpoint, failure->lane, failure->status);
+    if (status != -ENODEV || card == SequencerPort::noCard || !directory) return;
+    directory->markGone(card);
+    setupChanged();
+}
+
+void ALSAMIDISystem::forgetClosedServices()
+{
+    std::erase_if(services, [this](const auto& entry) {
+        const auto& [endpoint, service] = entry;
+        return findRow(endpoint) == nullptr && service.worker->waitClosed(std::chrono::steady_clock::now());
+    });
+}
+
+void ALSAMIDISystem::disposePort(MIDIPortRef port)
+{
+    const std::lock_guard lock(mutex);
+    if (port == outputPort) outputPort = 0;
+}
+
+void ALSAMIDISystem::disposeClient(MIDIClientRef client)
+{
+    if (client != onlyClient || !directory) return;
+    disposePort(onlyPort);
+    listener.reset();
+    finishServices();
+    directory.reset();
+    const std::lock_guard lock(mutex);
+    rows.clear();
+    services.clear();
+}
+
+/// A device that hangs is closed by threads that are still at it when the process ends: the end interrupts them there,
+/// whereas the kernel would hold up the process for 10 s if it found the device still open.
+void ALSAMIDISystem::finishServices()
+{
+    constexpr auto timeToDeliver = std::chrono::milliseconds(900);
+    constexpr auto timeToBeginClosing = std::chrono::milliseconds(100);
+    const auto deliverBy = std::chrono::steady_clock::now() + timeToDeliver;
+    for (const auto& [endpoint, service] : services) {
+        service.worker->retire();
+    }
+    for (const auto& [endpoint, service] : services) {
+        if (service.worker->waitClosed(deliverBy)) continue;
+        service.worker->abandon();
+    }
+    const auto closingBy = std::chrono::steady_clock::now() + timeToBeginClosing;
+    for (const auto& [endpoint, service] : services) {
+        service.worker->waitClosing(closingBy);
+    }
+}
+
+} // namespace orvim
