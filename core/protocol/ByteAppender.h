@@ -32,6 +32,14 @@ public:
         m_pendingCount += bytes.size();
     }
 
+    /// The first `count` of seven bytes. All seven are copied, for a copy of a fixed size is the quickest.
+    void appendFirst(std::size_t count, std::span<const std::uint8_t, 7> bytes)
+    {
+        if (bytes.size() > m_pending.size() - m_pendingCount) flush();
+        std::memcpy(m_pending.data() + m_pendingCount, bytes.data(), bytes.size());
+        m_pendingCount += count;
+    }
+
     void appendUInt16BigEndian(std::uint16_t value)
     {
         append(static_cast<std::uint8_t>(value >> 8));
@@ -48,7 +56,7 @@ private:
     void appendUnbuffered(std::span<const std::uint8_t> bytes);
 
     std::vector<std::uint8_t> m_bytes;
-    std::array<std::uint8_t, 4096> m_pending;
+    std::array<std::uint8_t, 1024> m_pending;
     std::size_t m_pendingCount = 0;
 };
 

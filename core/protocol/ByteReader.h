@@ -61,8 +61,15 @@ public:
     /// One to four bytes of seven bits each, 0...268,435,455.
     std::uint32_t variableLengthQuantity()
     {
-        std::uint32_t value = 0;
-        for (int i = 0; i < 4; ++i) {
+        const std::uint8_t first = byte();
+        return first < 0x80 ? first : longQuantity(first);
+    }
+
+private:
+    std::uint32_t longQuantity(std::uint8_t first)
+    {
+        std::uint32_t value = first & 0x7Fu;
+        for (int i = 1; i < 4; ++i) {
             const std::uint8_t next = byte();
             value = value << 7 | (next & 0x7Fu);
             if (next < 0x80) return value;
@@ -70,7 +77,6 @@ public:
         throw QuantityTooLong();
     }
 
-private:
     std::span<const std::uint8_t> m_bytes;
     std::size_t m_position = 0;
 };

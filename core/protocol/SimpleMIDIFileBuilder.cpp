@@ -55,12 +55,20 @@ void appendWithLength(ByteAppender& out, std::span<const std::uint8_t> message)
     out.append(message.subspan(1));
 }
 
-void appendTimedBody(ByteAppender& out, std::span<const std::uint8_t> message)
+void appendAsItStands(ByteAppender& out, const EventBytes& message)
+{
+    if (message.isInline())
+        out.appendFirst(message.size(), message.inlineRoom());
+    else
+        out.append(message);
+}
+
+void appendTimedBody(ByteAppender& out, const EventBytes& message)
 {
     if (!message.empty() && (message[0] == sysExStatus || message[0] == sysExEnd))
         appendWithLength(out, message);
     else
-        out.append(message);
+        appendAsItStands(out, message);
 }
 
 void appendHeader(ByteAppender& out, std::uint16_t format, std::size_t trackCount, std::uint16_t ticksPerQuarterNote)
@@ -165,7 +173,7 @@ std::vector<std::uint8_t> singleTrack(std::span<const MIDITrackEvent> events, st
             if (!event.message.empty() && event.message[0] == sysExStatus)
                 appendWithLength(out, event.message);
             else
-                out.append(event.message);
+                appendAsItStands(out, event.message);
         }
     });
     return std::move(out).take();

@@ -74,9 +74,16 @@ private:
     bool readEvent()
     {
         m_time += m_bytes.variableLengthQuantity();
-        const std::uint8_t first = m_bytes.byte();
+        const std::uint8_t first = m_bytes.peek();
+        if (first < 0x80) {
+            if (m_runningStatus == noStatus) throw Error(Error::missingRunningStatus);
+            readChannelMessage();
+            return true;
+        }
+        m_bytes.byte();
         if (first < sysExStatus) {
-            readChannelMessage(first);
+            m_runningStatus = first;
+            readChannelMessage();
             return true;
         }
         if (first == metaStatus) return readMeta();
@@ -88,18 +95,16 @@ private:
         return true;
     }
 
-    void readChannelMessage(std::uint8_t first)
+    /// The data bytes under the running status, which the message's own status byte has set if it has one.
+    void readChannelMessage()
     {
-        const bool isRunning = first < 0x80;
-        if (isRunning && m_runningStatus == noStatus) throw Error(Error::missingRunningStatus);
-        const std::uint8_t status = isRunning ? m_runningStatus : first;
-        const int dataByteCount = channelDataByteCount(status);
-        const std::uint8_t data = isRunning ? first : m_bytes.byte();
-        if (dataByteCount == 2)
-            store({status, data, m_bytes.byte()});
-        else
-            store({status, data});
-        m_runningStatus = status;
+        const std::uint8_t status = m_runningStatus;
+        if (channelDataByteCount(status) == 2) {
+            const auto data = m_bytes.bytes(2);
+            store({status, data[0], data[1]});
+        } else {
+            store({status, m_bytes.byte()});
+        }
     }
 
     bool readMeta()
