@@ -1,5 +1,7 @@
 #include "simulator/ColorScheme.h"
 
+#include "simulator/DisplayCanvas.h"
+
 namespace orvim
 {
 
@@ -41,15 +43,12 @@ std::optional<ColorScheme> storedColorScheme(DisplaySimulatorColorMode mode)
 
 ColorScheme colorSchemeOf565(std::uint16_t base565)
 {
-    // The low bits stay zero, as on the module.
-    const int red = (base565 >> 11 & 0x1F) << 3;
-    const int green = (base565 >> 5 & 0x3F) << 2;
-    const int blue = (base565 & 0x1F) << 3;
-    const auto background = rgb(darkened(red), darkened(green), darkened(blue));
+    const auto base = rgbFromRGB565(base565);
+    const auto background = rgb(darkened(base >> 16), darkened(base >> 8 & 0xFF), darkened(base & 0xFF));
     return {
         .foreground = 0,
         .background = background,
-        .base = rgb(red, green, blue),
+        .base = base,
         .oscilloscopeWave = 0,
         .oscilloscopeUntriggered = background,
     };

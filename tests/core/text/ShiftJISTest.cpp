@@ -139,6 +139,18 @@ TEST(ShiftJIS, TheUserDefinedAreaIsPrivateUse)
     EXPECT_EQ(encodeShiftJIS("\uE000\uE757"), bytes("F0 40 F9 FC"));
 }
 
+TEST(ShiftJIS, OneScalarHasTheCodeThatATextOfItHas)
+{
+    EXPECT_EQ(shiftJISCode(U'A'), 0x41);
+    EXPECT_EQ(shiftJISCode(U'ｱ'), 0xB1);
+    EXPECT_EQ(shiftJISCode(U'あ'), 0x82A0);
+    EXPECT_EQ(shiftJISCode(U'\u301C'), 0x8160);
+    EXPECT_EQ(shiftJISCode(U'\0'), 0x00);
+    EXPECT_EQ(shiftJISCode(U'é'), std::nullopt);
+    EXPECT_EQ(shiftJISCode(U'😀'), std::nullopt);
+    EXPECT_EQ(shiftJISCode(0x110000), std::nullopt);
+}
+
 TEST(ShiftJIS, StrictEncodingRefusesWhatHasNoCode)
 {
     EXPECT_EQ(encodeShiftJIS("あ😀"), std::nullopt);
