@@ -4,6 +4,7 @@
 #include "controls/PageScrollArea.h"
 
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace orvim {
@@ -26,17 +27,22 @@ QLabel* makeText(const QString& text, int pixelSize)
     return label;
 }
 
-QLabel* makeLink(const QString& title, const QUrl& address)
+QPushButton* makeLink(const QString& title, const QUrl& address)
 {
-    auto* const link = makeText(
-        QStringLiteral("<a href=\"%1\">%2</a>").arg(address.toString(QUrl::FullyEncoded), title.toHtmlEscaped()),
-        textPixelSize);
+    auto* const link = new QPushButton(title);
     link->setObjectName(title);
-    link->setAccessibleName(title);
-    link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-    link->setFocusPolicy(Qt::StrongFocus);
+    link->setFlat(true);
+    link->setAutoDefault(true); // Enter follows it like the space bar.
+    link->setCursor(Qt::PointingHandCursor);
     link->setToolTip(address.toDisplayString());
-    QObject::connect(link, &QLabel::linkActivated, link, [address] { openWebPage(address); });
+    QFont font = link->font();
+    font.setPixelSize(textPixelSize);
+    font.setUnderline(true);
+    link->setFont(font);
+    QPalette palette = link->palette();
+    palette.setColor(QPalette::ButtonText, palette.color(QPalette::Link));
+    link->setPalette(palette);
+    QObject::connect(link, &QPushButton::clicked, link, [address] { openWebPage(address); });
     return link;
 }
 
@@ -69,15 +75,15 @@ InformationPageView::InformationPageView(QWidget* parent) : QWidget(parent)
 
 void InformationPageView::fill(QVBoxLayout& column)
 {
-    column.addWidget(makeLink(tr("オンラインマニュアル"), manualPage()));
-    column.addWidget(makeLink(tr("本体ソフトウェア更新ページ"), firmwareUpdatePage()));
+    column.addWidget(makeLink(tr("オンラインマニュアル"), manualPage()), 0, Qt::AlignLeft);
+    column.addWidget(makeLink(tr("本体ソフトウェア更新ページ"), firmwareUpdatePage()), 0, Qt::AlignLeft);
     column.addSpacing(headingSpacing);
     column.addWidget(makeHeading(tr("謝辞")));
     column.addWidget(makeText(
         tr("「M+ Bitmap Fonts for FONTX2」より、MPLZN10X.FNT, MPLHN10x.FNTを使用させて頂きました。"), textPixelSize));
-    column.addWidget(makeLink(tr("M+ BITMAP FONTS"), fontPage()));
+    column.addWidget(makeLink(tr("M+ BITMAP FONTS"), fontPage()), 0, Qt::AlignLeft);
     column.addWidget(makeText(tr("画面の作成に、Qtを使用させて頂きました。"), textPixelSize));
-    column.addWidget(makeLink(tr("Qt"), toolkitPage()));
+    column.addWidget(makeLink(tr("Qt"), toolkitPage()), 0, Qt::AlignLeft);
 }
 
 } // namespace orvim

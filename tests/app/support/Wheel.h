@@ -5,8 +5,7 @@
 #include <QWheelEvent>
 #include <QtTest/qtestspontaneevent.h>
 
-namespace orvim::test
-{
+namespace orvim::test {
 
 /// Turns the wheel over the widget's middle by `angle` eighths of a degree, 120 a notch, as the window system would:
 /// what the widget does not take goes to the page around it.
