@@ -83,7 +83,8 @@ def half_width_font(source):
 def main():
     arguments = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     arguments.add_argument("output", type=pathlib.Path, help="folder for MPLZN10X.FNT and MPLHN10x.FNT")
-    arguments.add_argument("--source", type=pathlib.Path, default=pathlib.Path(SOURCE_FOLDER), help="folder of the M+ PCF files")
+    arguments.add_argument("--source", type=pathlib.Path, default=pathlib.Path(SOURCE_FOLDER),
+                           help="folder of the M+ PCF files")
     options = arguments.parse_args()
     for name in (FULL_WIDTH_SOURCE, HALF_WIDTH_SOURCE):
         if not (options.source / name).is_file():

@@ -1,4 +1,4 @@
-"""The three ASCII fonts as text: after each line of a code and its character come the rows of the cell in '.' and '#'."""
+"""The three ASCII fonts as text: below each line of a code and its character stand the rows of the cell."""
 
 FIRST_CODE, LAST_CODE = 32, 126
 

@@ -1,0 +1,1 @@
+"""The drawings of the simulated screen, each as a function that makes a picture."""
