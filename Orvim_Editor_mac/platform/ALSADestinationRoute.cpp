@@ -13,6 +13,11 @@ ALSADestinationRoute::ALSADestinationRoute(SequencerAddress destinationAddress, 
 {
 }
 
+ALSADestinationRoute::~ALSADestinationRoute()
+{
+    if (sequencer) sequencer->unsubscribe(destination);
+}
+
 MIDIStatus ALSADestinationRoute::open()
 {
     if (!sequencer) {

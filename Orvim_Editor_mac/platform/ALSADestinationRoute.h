@@ -29,6 +29,8 @@ public:
     ALSADestinationRoute(SequencerAddress destinationAddress, SequencerNames sequencerNames,
                          std::shared_ptr<std::atomic<std::uint64_t>> disturbedMessages);
 
+    ~ALSADestinationRoute() override;
+
     MIDIStatus open() override;
     RouteLook look(std::size_t length) override;
     MIDIStatus write(std::span<const std::uint8_t> message) override;

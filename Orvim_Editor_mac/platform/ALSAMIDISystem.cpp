@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <future>
 #include <set>
+#include <thread>
 #include <utility>
 
 namespace orvim
@@ -15,6 +17,7 @@ namespace
 
 constexpr MIDIClientRef onlyClient = 1;
 constexpr MIDIPortRef onlyPort = 1;
+constexpr auto timeToClose = std::chrono::milliseconds(100);
 
 std::set<int> deviceCards(const std::vector<DestinationRow>& rows)
 {
@@ -159,7 +162,7 @@ MIDIStatus ALSAMIDISystem::send(MIDIPortRef port, MIDIEndpointRef endpoint, std:
         if (!worker) return -ENODEV;
         lock.unlock();
 
-        if (lane == MIDILane::normal && !door->waitUntil([&worker] { return !worker->isFull(); })) return -ECANCELED;
+        if (lane == MIDILane::normal && !waitForRoom(*worker)) return -ECANCELED;
         const std::optional<MIDIStatus> status = worker->send(message, lane);
 
         lock.lock();
@@ -168,6 +171,15 @@ MIDIStatus ALSAMIDISystem::send(MIDIPortRef port, MIDIEndpointRef endpoint, std:
         services.erase(endpoint);
     }
     return -ENODEV;
+}
+
+/// False: the application quits.
+bool ALSAMIDISystem::waitForRoom(const DestinationWorker& worker)
+{
+    const auto waiting = waitingSends.insert(&worker);
+    const bool hasRoom = door->waitUntil([&worker] { return !worker.isFull(); });
+    waitingSends.erase(waiting);
+    return hasRoom;
 }
 
 /// Called on the listener's thread.
@@ -186,8 +198,21 @@ void ALSAMIDISystem::followSetup()
 void ALSAMIDISystem::loseCard(int card)
 {
     failServices([card](MIDIEndpointRef, const Service& service) { return service.card == card; });
-    directory->markGone(card);
+    for (const std::uint8_t client : clientsOf(card)) {
+        directory->markGone(client);
+    }
     setupChanged();
+}
+
+std::set<std::uint8_t> ALSAMIDISystem::clientsOf(int card) const
+{
+    const std::lock_guard lock(mutex);
+    std::set<std::uint8_t> clients;
+    for (const DestinationRow& row : rows) {
+        const SequencerPort& port = row.destination.port;
+        if (port.isDevicePort() && port.card == card) clients.insert(port.address.client);
+    }
+    return clients;
 }
 
 void ALSAMIDISystem::failServices(const std::function<bool(MIDIEndpointRef, const Service&)>& hasFailed)
@@ -206,9 +231,12 @@ void ALSAMIDISystem::failServices(const std::function<bool(MIDIEndpointRef, cons
 
 void ALSAMIDISystem::tellFailure(MIDIEndpointRef endpoint, int card, MIDIStatus status, DestinationWorker& worker)
 {
-    if (const auto failure = worker.takeFailure()) deliveryFailed(endpoint, failure->lane, failure->status);
+    const bool aSendWillTell = waitingSends.contains(&worker);
+    if (!aSendWillTell) {
+        if (const auto failure = worker.takeFailure()) deliveryFailed(endpoint, failure->lane, failure->status);
+    }
     if (status != -ENODEV || card == SequencerPort::noCard || !directory) return;
-    directory->markGone(card);
+    directory->markGone(EndpointTable::address(endpoint).client);
     setupChanged();
 }
 
@@ -232,30 +260,41 @@ void ALSAMIDISystem::disposeClient(MIDIClientRef client)
     disposePort(onlyPort);
     listener.reset();
     finishServices();
-    directory.reset();
+    closeDirectory();
     const std::lock_guard lock(mutex);
     rows.clear();
     services.clear();
 }
 
-/// A device that hangs is closed by threads that are still at it when the process ends: the end interrupts them there,
-/// whereas the kernel would hold up the process for 10 s if it found the device still open.
+/// A device that hangs is disconnected by threads that are still at it when the process ends: the end interrupts them
+/// there, whereas the kernel would hold up the process for 10 s if it found the device still connected.
 void ALSAMIDISystem::finishServices()
 {
     constexpr auto timeToDeliver = std::chrono::milliseconds(900);
-    constexpr auto timeToBeginClosing = std::chrono::milliseconds(100);
     const auto deliverBy = std::chrono::steady_clock::now() + timeToDeliver;
     for (const auto& [endpoint, service] : services) {
         service.worker->retire();
     }
     for (const auto& [endpoint, service] : services) {
-        if (service.worker->waitClosed(deliverBy)) continue;
-        service.worker->abandon();
+        if (!service.worker->waitClosing(deliverBy)) service.worker->abandon();
     }
-    const auto closingBy = std::chrono::steady_clock::now() + timeToBeginClosing;
+    const auto closeBy = std::chrono::steady_clock::now() + timeToClose;
     for (const auto& [endpoint, service] : services) {
-        service.worker->waitClosing(closingBy);
+        service.worker->waitClosed(closeBy);
     }
+}
+
+/// While the kernel takes leave of a device that was pulled out in the middle of a transfer, nobody can close the
+/// sequencer.
+void ALSAMIDISystem::closeDirectory()
+{
+    std::promise<void> closed;
+    const std::future<void> closing = closed.get_future();
+    std::thread([ownDirectory = std::move(directory), ownClosed = std::move(closed)]() mutable {
+        ownDirectory.reset();
+        ownClosed.set_value();
+    }).detach();
+    closing.wait_for(timeToClose);
 }
 
 } // namespace orvim

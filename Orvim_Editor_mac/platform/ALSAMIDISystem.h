@@ -8,9 +8,11 @@
 #include "platform/SetupListener.h"
 
 #include <atomic>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <vector>
 
 namespace orvim
@@ -55,16 +57,20 @@ private:
     const DestinationRow* findRow(MIDIEndpointRef endpoint) const;
     std::shared_ptr<DestinationWorker> startService(const DestinationRow& row);
     std::shared_ptr<DestinationWorker> serviceFor(MIDIEndpointRef endpoint);
+    bool waitForRoom(const DestinationWorker& worker);
     void forgetClosedServices();
     void failServices(const std::function<bool(MIDIEndpointRef, const Service&)>& hasFailed);
 
+    std::set<std::uint8_t> clientsOf(int card) const;
     void followSetup();
     void loseCard(int card);
     void tellFailure(MIDIEndpointRef endpoint, int card, MIDIStatus status, DestinationWorker& worker);
     void finishServices();
+    void closeDirectory();
 
     std::function<void()> setupChanged;
     DeliveryFailure deliveryFailed;
+    std::multiset<const DestinationWorker*> waitingSends; ///< the main thread's own
     const std::shared_ptr<MainThreadDoor> door;
     const std::shared_ptr<std::atomic<std::uint64_t>> disturbed;
 

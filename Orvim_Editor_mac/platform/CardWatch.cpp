@@ -8,10 +8,24 @@
 
 namespace orvim
 {
+namespace
+{
+
+std::string controlDevice(int card)
+{
+    return "/dev/snd/controlC" + std::to_string(card);
+}
+
+} // namespace
 
 CardWatch::~CardWatch()
 {
     follow({});
+}
+
+bool CardWatch::hasControlDevice(int card)
+{
+    return access(controlDevice(card).c_str(), F_OK) == 0;
 }
 
 void CardWatch::follow(const std::set<int>& wanted)
@@ -39,8 +53,7 @@ void CardWatch::openMissing()
 {
     for (auto& [number, card] : cards) {
         if (!isMissing(card)) continue;
-        const std::string path = "/dev/snd/controlC" + std::to_string(number);
-        card.descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+        card.descriptor = open(controlDevice(number).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
         ++card.attempts;
         if (card.descriptor < 0 && errno == EACCES) card.attempts = mostAttempts;
     }

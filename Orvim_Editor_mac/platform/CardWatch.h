@@ -18,6 +18,9 @@ public:
     CardWatch& operator=(const CardWatch&) = delete;
     ~CardWatch();
 
+    /// The card is there and has not been pulled out.
+    static bool hasControlDevice(int card);
+
     /// Watches these cards and no others.
     void follow(const std::set<int>& cards);
     /// Watches also the numbers of cards that are gone, as new cards may have got them.

@@ -1,6 +1,6 @@
 #include "platform/DestinationDirectory.h"
 
-#include "platform/RawMIDIStatusFile.h"
+#include "platform/CardWatch.h"
 
 #include <utility>
 
@@ -19,22 +19,17 @@ std::vector<DestinationRow> DestinationDirectory::list()
     const std::lock_guard lock(mutex);
     std::vector<DestinationRow> rows;
     for (ListedDestination& destination : listDestinations(sequencer.ports(), sequencer.id())) {
-        if (isGone(destination)) continue;
+        if (isGone(destination.port)) continue;
         const MIDIEndpointRef endpoint = endpoints.handle(destination.port.address);
         rows.push_back({endpoint, std::move(destination)});
     }
     return rows;
 }
 
-/// A card that can be looked at again is another one with the same number.
-bool DestinationDirectory::isGone(const ListedDestination& destination)
+/// A card has its control device from the moment it can be used until it is pulled out.
+bool DestinationDirectory::isGone(const SequencerPort& port) const
 {
-    const SequencerPort& port = destination.port;
-    if (!port.isDevicePort() || !goneCards.contains(port.card)) return false;
-    RawMIDIStatusFile file;
-    if (file.open(port.card, deviceOf(port.address)) != 0) return true;
-    goneCards.erase(port.card);
-    return false;
+    return port.isDevicePort() && goneClients.contains(port.address.client) && !CardWatch::hasControlDevice(port.card);
 }
 
 bool DestinationDirectory::followNews()
@@ -44,6 +39,9 @@ bool DestinationDirectory::followNews()
     for (const SequencerAnnouncement& one : news) {
         switch (one.kind) {
         case SequencerAnnouncement::Kind::portStarted:
+            goneClients.erase(one.address.client);
+            endpoints.advance(one.address);
+            break;
         case SequencerAnnouncement::Kind::portEnded:
             endpoints.advance(one.address);
             break;
@@ -58,10 +56,10 @@ bool DestinationDirectory::followNews()
     return !news.empty();
 }
 
-void DestinationDirectory::markGone(int card)
+void DestinationDirectory::markGone(std::uint8_t client)
 {
     const std::lock_guard lock(mutex);
-    goneCards.insert(card);
+    goneClients.insert(client);
 }
 
 bool DestinationDirectory::isCurrent(MIDIEndpointRef endpoint) const

@@ -4,6 +4,7 @@
 #include "platform/EndpointTable.h"
 #include "platform/SequencerClient.h"
 
+#include <cstdint>
 #include <mutex>
 #include <set>
 #include <string>
@@ -31,18 +32,18 @@ public:
     std::vector<DestinationRow> list();
     /// Takes in what has happened since the last call. False: nothing.
     bool followNews();
-    /// The card was pulled out. The sequencer may go on listing its ports for 10 s.
-    void markGone(int card);
+    /// The card of this client was pulled out. The sequencer may go on listing its ports for 10 s.
+    void markGone(std::uint8_t client);
     /// The handle stands for the same device or program as when it was given.
     bool isCurrent(MIDIEndpointRef endpoint) const;
 
 private:
-    bool isGone(const ListedDestination& destination);
+    bool isGone(const SequencerPort& port) const;
 
     mutable std::mutex mutex;
     SequencerClient sequencer;
     EndpointTable endpoints;
-    std::set<int> goneCards;
+    std::set<std::uint8_t> goneClients;
 };
 
 } // namespace orvim

@@ -40,9 +40,7 @@ PortInfo makePortInfo()
     return PortInfo(info);
 }
 
-extern "C" void ignoreError(const char*, int, const char*, int, const char*, ...)
-{
-}
+extern "C" void ignoreError(const char*, int, const char*, int, const char*, ...) {}
 
 /// alsa-lib prints its troubles to the terminal unless told otherwise.
 void silenceErrors()
@@ -123,6 +121,11 @@ MIDIStatus SequencerClient::subscribe(SequencerAddress destination)
 {
     const int status = snd_seq_connect_to(sequencer, output, destination.client, destination.port);
     return status == -EBUSY ? 0 : status; // it stands already
+}
+
+void SequencerClient::unsubscribe(SequencerAddress destination)
+{
+    snd_seq_disconnect_to(sequencer, output, destination.client, destination.port);
 }
 
 MIDIStatus SequencerClient::write(SequencerAddress destination, std::span<const std::uint8_t> message)

@@ -31,7 +31,8 @@ public:
     SequencerClient() = default;
     SequencerClient(const SequencerClient&) = delete;
     SequencerClient& operator=(const SequencerClient&) = delete;
-    /// May take up to 10 s while a device holds back what was written to it.
+    /// Outputs should be unsubscribed by then: if the kernel has to do it here, it may take 10 s, in which no program
+    /// of the machine can open or close the sequencer.
     ~SequencerClient();
 
     /// -ENOENT: this machine has no sequencer; -EACCES: this user may not use it. Prints nothing.
@@ -44,6 +45,8 @@ public:
     MIDIStatus createOutput(const std::string& name);
     /// Connects the output to a destination.
     MIDIStatus subscribe(SequencerAddress destination);
+    /// May take up to 10 s while a device holds back what was written to it.
+    void unsubscribe(SequencerAddress destination);
     /// Writes one message from the output to a destination, as one event if it is system exclusive.
     MIDIStatus write(SequencerAddress destination, std::span<const std::uint8_t> message);
 
