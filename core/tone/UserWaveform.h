@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace tonavelle
+{
+
+/// One cycle of a sound, nominally `UserWaveformBuilder::sampleCount` samples; operations that need them all check.
+using UserWaveform = std::vector<std::int16_t>;
+
+namespace UserWaveformBuilder
+{
+
+inline constexpr int slotCount = 4;
+inline constexpr int sectionCount = 128;
+inline constexpr std::size_t samplesPerSection = 16;
+inline constexpr std::size_t sampleCount = sectionCount * samplesPerSection;
+
+} // namespace UserWaveformBuilder
+
+} // namespace tonavelle
