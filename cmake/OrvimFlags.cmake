@@ -6,7 +6,8 @@ target_compile_options(
   OrvimFlags INTERFACE -ffp-contract=off -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Werror
                        -fpch-preprocess)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-  target_compile_options(OrvimFlags INTERFACE -Wno-unused-command-line-argument)
+  # Clang counts sign conversions among -Wconversion, GCC does not.
+  target_compile_options(OrvimFlags INTERFACE -Wno-unused-command-line-argument -Wno-sign-conversion)
 endif()
 if(ORVIM_SANITIZE)
   target_compile_options(OrvimFlags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
