@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 void ByteAppender::overwrite(std::size_t offset, std::span<const std::uint8_t> bytes)
 {

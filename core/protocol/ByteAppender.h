@@ -7,8 +7,7 @@
 #include <span>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// Collects the bytes of a file. Small pieces gather in a buffer of fixed size first, for a file has millions of them.
 class ByteAppender

@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <span>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// Walks through bytes from outside and never reads beyond them: a read that does not fit throws `PastEnd`, and the
 /// cursor then stands where it was or behind what fitted.

@@ -4,11 +4,9 @@
 #include <array>
 #include <new>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
-namespace
-{
+namespace {
 
 // The first block of an arena fits its first message alone; each next one is twice the one before, up to this size.
 constexpr std::size_t largestSharedBlockSize = 64 * 1024;

@@ -10,8 +10,7 @@
 #include <span>
 #include <utility>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// The bytes of one event of a MIDI file, in eight bytes of memory: a song has millions of events, and nearly all are
 /// short. Up to seven bytes stand in the object itself; more stand outside it, where copies share them. The bytes never

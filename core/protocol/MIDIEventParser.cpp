@@ -9,11 +9,9 @@
 #include <tuple>
 #include <utility>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
-namespace
-{
+namespace {
 
 using namespace MIDIFileFormat;
 

@@ -9,8 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// A System Exclusive or meta event of any track of a file.
 struct ParsedMIDIEvent {

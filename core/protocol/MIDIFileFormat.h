@@ -3,12 +3,10 @@
 #include <array>
 #include <cstdint>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// What the writer and the readers of Standard MIDI Files share.
-namespace MIDIFileFormat
-{
+namespace MIDIFileFormat {
 
 inline constexpr std::array<std::uint8_t, 4> headerTag{'M', 'T', 'h', 'd'};
 inline constexpr std::array<std::uint8_t, 4> trackTag{'M', 'T', 'r', 'k'};

@@ -6,8 +6,7 @@
 
 #include <algorithm>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 std::optional<std::uint8_t> SimpleMIDITimedEvent::metaType() const
 {

@@ -8,8 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// One event at its place in a track. What it is stands in `message` alone, so that nothing can contradict it.
 struct SimpleMIDITimedEvent {

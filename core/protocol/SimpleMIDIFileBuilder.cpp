@@ -8,11 +8,9 @@
 #include <cstdlib>
 #include <limits>
 
-namespace tonavelle::SimpleMIDIFileBuilder
-{
+namespace tonavelle::SimpleMIDIFileBuilder {
 
-namespace
-{
+namespace {
 
 using namespace MIDIFileFormat;
 

@@ -7,13 +7,11 @@
 #include <span>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// Turns events into the bytes of a Standard MIDI File. Nothing is refused or repaired: messages go out as they are,
 /// without running status, and every track is closed by an end-of-track event of its own.
-namespace SimpleMIDIFileBuilder
-{
+namespace SimpleMIDIFileBuilder {
 
 /// One to four bytes of seven bits each. A negative value counts as 0; bits above the lowest 28 are dropped.
 std::vector<std::uint8_t> variableLengthQuantity(std::int64_t value);

@@ -9,11 +9,9 @@
 #include <cstddef>
 #include <utility>
 
-namespace tonavelle::SimpleMIDIFileReader
-{
+namespace tonavelle::SimpleMIDIFileReader {
 
-namespace
-{
+namespace {
 
 using namespace MIDIFileFormat;
 using Error = SimpleMIDIFileReaderError;

@@ -6,8 +6,7 @@
 #include <exception>
 #include <span>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// Why a Standard MIDI File could not be read; what the user reads is the caller's choice.
 class SimpleMIDIFileReaderError : public std::exception
@@ -41,8 +40,7 @@ private:
 };
 
 /// The full reader of Standard MIDI Files: every event of every track, in the form that the writer takes.
-namespace SimpleMIDIFileReader
-{
+namespace SimpleMIDIFileReader {
 
 /// Throws SimpleMIDIFileReaderError; nothing is read in part. End-of-track events are left out, and what stands behind
 /// one in its track is ignored.

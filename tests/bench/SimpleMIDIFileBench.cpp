@@ -15,8 +15,7 @@
 #include <string>
 #include <vector>
 
-namespace
-{
+namespace {
 
 using namespace tonavelle;
 using Bytes = std::vector<std::uint8_t>;

@@ -2,8 +2,7 @@
 
 #include <cstdlib>
 
-namespace orvim::test
-{
+namespace orvim::test {
 
 /// Stops the program where a promise is broken, so that the fuzzer keeps the input; in all kinds of build.
 inline void require(bool holds)

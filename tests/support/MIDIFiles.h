@@ -6,8 +6,7 @@
 #include <initializer_list>
 #include <string_view>
 
-namespace orvim::test
-{
+namespace orvim::test {
 
 /// The pieces one behind the other.
 inline tonavelle::Message joined(std::initializer_list<tonavelle::Message> pieces)

@@ -9,10 +9,8 @@
 #include <optional>
 #include <vector>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 using orvim::test::bytes;
 

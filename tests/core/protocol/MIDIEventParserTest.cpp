@@ -10,10 +10,8 @@
 #include <random>
 #include <vector>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 using orvim::test::bytes;
 using orvim::test::fileWithTrack;

@@ -8,10 +8,8 @@
 #include <limits>
 #include <vector>
 
-namespace tonavelle::SimpleMIDIFileBuilder
-{
-namespace
-{
+namespace tonavelle::SimpleMIDIFileBuilder {
+namespace {
 
 using orvim::test::bytes;
 using orvim::test::joined;
