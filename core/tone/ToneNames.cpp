@@ -1,5 +1,6 @@
 #include "core/tone/ToneNames.h"
 
+#include "core/text/UTF8.h"
 #include "core/tone/FactoryMelodyTable.h"
 
 #include <algorithm>
@@ -38,11 +39,9 @@ std::string normalizedPatchName(std::string_view text)
 std::string limitedPatchName(std::string_view text)
 {
     std::string name;
-    for (const char unit : text) {
-        const bool continuesAScalar = (static_cast<unsigned char>(unit) & 0xC0) == 0x80;
-        if (continuesAScalar) continue;
+    for (const char32_t scalar : UTF8Scalars(text)) {
         if (name.size() == patchNameLength) break;
-        name += unit >= 32 && unit <= 126 ? unit : ' ';
+        name += scalar >= 32 && scalar <= 126 ? static_cast<char>(scalar) : ' ';
     }
     return name;
 }
