@@ -6,13 +6,11 @@
 
 #include <cmath>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
-constexpr double markLength = 4;
+constexpr double markLength = 5;
 constexpr double markGap = 10; ///< between the track's middle and the marks, so that the knob hides none
 constexpr int narrowest = 30;
 constexpr double closestMarks = 3;
@@ -36,7 +34,6 @@ void VerticalIndicatorSlider::paintEvent(QPaintEvent* event)
         for (int i = 0; i < count; ++i) {
             const double y = std::floor(knobMiddle(fractionInRange(range().lower + i * range().step, range())));
             painter.fillRect(QRectF(left, y, markLength, 1), color);
-            painter.fillRect(QRectF(width() - left - markLength, y, markLength, 1), color);
         }
     }
     TickSnappingSlider::paintEvent(event);

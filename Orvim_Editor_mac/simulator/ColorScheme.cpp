@@ -2,25 +2,23 @@
 
 #include "simulator/DisplayCanvas.h"
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 constexpr ColorScheme standardScheme{0x8EBCFC, 0x213A60, 0x000000, 0xFFD700, 0x3D3300};
 // The module stores these two; their backgrounds do not follow the rule of the worked-out schemes.
 constexpr ColorScheme gsScheme{0x000000, 0xD85E09, 0xFF6F0C, 0x000000, 0xD85E09};
 constexpr ColorScheme xgScheme{0x000000, 0x6FBE1A, 0x83DF1F, 0x000000, 0x6FBE1A};
 
-constexpr int darkened(int component)
+constexpr std::int32_t darkened(std::int32_t rgb)
 {
-    return component - component * 40 / 255;
-}
-
-constexpr std::int32_t rgb(int red, int green, int blue)
-{
-    return (red << 16) | (green << 8) | blue;
+    std::int32_t result = 0;
+    for (const int shift : {16, 8, 0}) {
+        const std::int32_t component = rgb >> shift & 0xFF;
+        result |= (component - component * 40 / 255) << shift;
+    }
+    return result;
 }
 
 } // namespace
@@ -44,13 +42,12 @@ std::optional<ColorScheme> storedColorScheme(DisplaySimulatorColorMode mode)
 ColorScheme colorSchemeOf565(std::uint16_t base565)
 {
     const auto base = rgbFromRGB565(base565);
-    const auto background = rgb(darkened(base >> 16), darkened(base >> 8 & 0xFF), darkened(base & 0xFF));
     return {
         .foreground = 0,
-        .background = background,
+        .background = darkened(base),
         .base = base,
         .oscilloscopeWave = 0,
-        .oscilloscopeUntriggered = background,
+        .oscilloscopeUntriggered = darkened(base),
     };
 }
 

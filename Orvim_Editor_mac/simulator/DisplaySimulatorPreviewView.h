@@ -1,0 +1,37 @@
+#pragma once
+
+#include "controls/OncePerTurn.h"
+#include "simulator/DisplayCanvas.h"
+
+#include <QImage>
+#include <QWidget>
+
+namespace orvim {
+
+class DisplaySimulatorState;
+
+/// The live picture of the module's screen, stretched over the widget without smoothing, pixel by pixel of the device.
+/// It is drawn at most once a turn of the event loop, repainted only when a pixel differs, and not drawn while hidden.
+class DisplaySimulatorPreviewView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit DisplaySimulatorPreviewView(DisplaySimulatorState& state, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void render();
+
+    DisplaySimulatorState& m_state;
+    OncePerTurn m_rendering;
+    DisplayCanvas m_canvas;
+    QImage m_picture;
+};
+
+} // namespace orvim

@@ -1,0 +1,342 @@
+#include "simulator/DisplaySimulatorWindowView.h"
+
+#include "DisplaySimulatorState.h"
+#include "EditorRuntime.h"
+#include "simulator/DisplayCanvas.h"
+#include "simulator/RenderDisplay.h"
+#include "tests/app/support/RecordingDialogs.h"
+#include "tests/app/support/RecordingMIDISystem.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+namespace orvim {
+namespace {
+
+struct Shown {
+    Shown()
+    {
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    }
+
+    const DisplayFields& fields() const { return state.fields(); }
+    QMenu& menu()
+    {
+        auto* menu = window.findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+        Q_EMIT menu->aboutToShow();
+        return *menu;
+    }
+    QAction* action(const QString& title)
+    {
+        menu();
+        for (auto* action : window.findChildren<QAction*>()) {
+            if (action->text() == title) return action;
+        }
+        ADD_FAILURE() << "no action " << title.toStdString();
+        return nullptr;
+    }
+    void choose(const QString& title) { action(title)->trigger(); }
+
+    EditorRuntime runtime{std::make_unique<test::RecordingMIDISystem>()};
+    DisplaySimulatorState& state = runtime.displaySimulator();
+    test::RecordingDialogs dialogs;
+    DisplaySimulatorWindowView window{runtime, dialogs};
+};
+
+QStringList titles(const QMenu& menu)
+{
+    QStringList all;
+    for (const auto* action : menu.actions()) {
+        if (!action->isSeparator()) all << action->text();
+    }
+    return all;
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    file.open(QIODevice::ReadOnly);
+    return file.readAll();
+}
+
+// Size and place
+
+TEST(DisplaySimulatorWindowView, HasTheSizeOfItsScaleAndBorderAndNoOther)
+{
+    Shown shown;
+    struct Row {
+        int scale;
+        bool border;
+        QSize size;
+    };
+    for (const auto& row : {Row{1, false, {320, 170}}, Row{2, false, {640, 340}}, Row{3, false, {960, 510}},
+                            Row{3, true, {984, 534}}, Row{2, true, {656, 356}}, Row{1, true, {328, 178}}}) {
+        shown.state.setWindowScale(row.scale);
+        shown.state.setWindowShowsBorder(row.border);
+        EXPECT_EQ(shown.window.size(), row.size);
+        EXPECT_EQ(shown.window.minimumSize(), row.size);
+        EXPECT_EQ(shown.window.maximumSize(), row.size);
+    }
+}
+
+TEST(DisplaySimulatorWindowView, TakesTheSizeThatWasSetBeforeItWasMade)
+{
+    EditorRuntime runtime(std::make_unique<test::RecordingMIDISystem>());
+    test::RecordingDialogs dialogs;
+    runtime.displaySimulator().setWindowScale(3);
+    runtime.displaySimulator().setWindowShowsBorder(true);
+    runtime.displaySimulator().setWindowAlwaysOnTop(true);
+    const DisplaySimulatorWindowView window(runtime, dialogs);
+    EXPECT_EQ(window.size(), QSize(984, 534));
+    EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+TEST(DisplaySimulatorWindowView, SetsThePictureInsideABlackBorder)
+{
+    Shown shown;
+    shown.state.setColorMode(DisplaySimulatorColorMode::gs);
+    shown.state.setWindowScale(3);
+    shown.state.setWindowShowsBorder(true);
+    QTest::qWait(50);
+    const auto picture = shown.window.grab().toImage();
+    const auto band = qRgb(0xD8, 0x5E, 0x09), area = qRgb(0xFF, 0x6F, 0x0C), black = qRgb(0, 0, 0);
+    EXPECT_EQ(picture.pixel(11, 11), black);
+    EXPECT_EQ(picture.pixel(12, 12), band);
+    EXPECT_EQ(picture.pixel(971, 12), band);
+    EXPECT_EQ(picture.pixel(972, 12), black);
+    EXPECT_EQ(picture.pixel(12, 521), area);
+    EXPECT_EQ(picture.pixel(12, 522), black);
+}
+
+TEST(DisplaySimulatorWindowView, HasNoFrameAndItsTitle)
+{
+    const Shown shown;
+    EXPECT_TRUE(shown.window.windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_FALSE(shown.window.windowFlags().testFlag(Qt::BypassWindowManagerHint));
+    EXPECT_EQ(shown.window.windowTitle(), QStringLiteral("画面シミュレータ"));
+    EXPECT_FALSE(shown.window.testAttribute(Qt::WA_DeleteOnClose));
+}
+
+TEST(DisplaySimulatorWindowView, FirstStandsAtTheTopRight)
+{
+    const Shown shown;
+    const auto area = shown.window.screen()->availableGeometry();
+    EXPECT_EQ(shown.window.pos(), QPoint(area.x() + area.width() - 16 - 320, area.y() + 16));
+}
+
+TEST(DisplaySimulatorWindowView, OpensAgainWhereItStood)
+{
+    Shown shown;
+    shown.window.move(100, 120);
+    shown.window.close();
+    QTest::qWait(20);
+    shown.window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&shown.window));
+    EXPECT_EQ(shown.window.pos(), QPoint(100, 120));
+}
+
+TEST(DisplaySimulatorWindowView, ComesBackFromOutsideEveryScreen)
+{
+    Shown shown;
+    shown.window.hide();
+    shown.window.move(-5000, -5000);
+    shown.window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&shown.window));
+    EXPECT_TRUE(shown.window.screen()->availableGeometry().contains(shown.window.geometry()));
+}
+
+TEST(DisplaySimulatorWindowView, StaysWhereItIsAndVisibleWhenItsStackingChanges)
+{
+    Shown shown;
+    shown.window.move(90, 80);
+    QTest::qWait(20);
+    QSignalSpy changes(&shown.state, &DisplaySimulatorState::changed);
+    for (const bool onTop : {true, false}) {
+        shown.state.setWindowAlwaysOnTop(onTop);
+        EXPECT_TRUE(shown.window.isVisible());
+        EXPECT_EQ(shown.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint), onTop);
+        EXPECT_EQ(shown.window.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint), onTop);
+        EXPECT_TRUE(shown.window.windowHandle()->flags().testFlag(Qt::FramelessWindowHint));
+        EXPECT_EQ(shown.window.pos(), QPoint(90, 80));
+    }
+    EXPECT_EQ(changes.count(), 2) << "the window has not gone and come back";
+}
+
+// The mouse
+
+TEST(DisplaySimulatorWindowView, ThreeDoubleClicksReturnToTheFirstScale)
+{
+    Shown shown;
+    for (const int scale : {2, 3, 1}) {
+        QTest::mouseDClick(&shown.window, Qt::LeftButton, {}, {20, 20});
+        EXPECT_EQ(shown.fields().displayWindowScale, scale);
+    }
+}
+
+TEST(DisplaySimulatorWindowView, ADoubleClickOfAnUnsteadyHandStillScales)
+{
+    Shown shown;
+    const auto place = shown.window.pos();
+    QTest::mousePress(&shown.window, Qt::LeftButton, {}, {50, 50});
+    QTest::mouseMove(&shown.window, {52, 51});
+    QTest::mouseRelease(&shown.window, Qt::LeftButton, {}, {52, 51});
+    QTest::mouseDClick(&shown.window, Qt::LeftButton, {}, {52, 51});
+    EXPECT_EQ(shown.fields().displayWindowScale, 2);
+    EXPECT_EQ(shown.window.pos(), place);
+}
+
+TEST(DisplaySimulatorWindowView, OtherButtonsDoNotScale)
+{
+    Shown shown;
+    QTest::mouseDClick(&shown.window, Qt::RightButton, {}, {20, 20});
+    EXPECT_EQ(shown.fields().displayWindowScale, 1);
+}
+
+// Coming and going
+
+TEST(DisplaySimulatorWindowView, TellsTheStateWhenItComesAndGoes)
+{
+    Shown shown;
+    EXPECT_TRUE(shown.fields().displayWindowIsVisible);
+    shown.window.close();
+    EXPECT_FALSE(shown.fields().displayWindowIsVisible);
+    shown.window.show();
+    EXPECT_TRUE(shown.fields().displayWindowIsVisible);
+    shown.window.hide();
+    EXPECT_FALSE(shown.fields().displayWindowIsVisible);
+}
+
+TEST(DisplaySimulatorWindowView, FollowsTheStateWhileHidden)
+{
+    Shown shown;
+    shown.window.hide();
+    shown.state.setWindowScale(2);
+    EXPECT_EQ(shown.window.size(), QSize(640, 340));
+}
+
+// The menu
+
+TEST(DisplaySimulatorWindowView, MenuHasItsRowsInOrder)
+{
+    Shown shown;
+    EXPECT_EQ(titles(shown.menu()), (QStringList{QStringLiteral("境界表示"), QStringLiteral("常に最前面に表示"),
+                                                 QStringLiteral("解像度"), QStringLiteral("PNGで保存"),
+                                                 QStringLiteral("画面シミュレータの設定"), QStringLiteral("隠す")}));
+    EXPECT_EQ(titles(*shown.action(QStringLiteral("解像度"))->menu()),
+              (QStringList{QStringLiteral("100%"), QStringLiteral("200%"), QStringLiteral("300%")}));
+}
+
+TEST(DisplaySimulatorWindowView, MenuOpensOnTheRightButton)
+{
+    Shown shown;
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {20, 20}, shown.window.mapToGlobal(QPoint(20, 20)));
+    QCoreApplication::sendEvent(&shown.window, &event);
+    EXPECT_TRUE(shown.menu().isVisible());
+    shown.menu().close();
+}
+
+TEST(DisplaySimulatorWindowView, MenuShowsAndMovesTheState)
+{
+    Shown shown;
+    for (const bool on : {true, false}) {
+        shown.choose(QStringLiteral("境界表示"));
+        shown.choose(QStringLiteral("常に最前面に表示"));
+        EXPECT_EQ(shown.fields().displayWindowShowsBorder, on);
+        EXPECT_EQ(shown.fields().displayWindowAlwaysOnTop, on);
+        EXPECT_EQ(shown.action(QStringLiteral("境界表示"))->isChecked(), on);
+        EXPECT_EQ(shown.action(QStringLiteral("常に最前面に表示"))->isChecked(), on);
+    }
+    EXPECT_TRUE(shown.action(QStringLiteral("100%"))->isChecked());
+    shown.choose(QStringLiteral("300%"));
+    EXPECT_EQ(shown.fields().displayWindowScale, 3);
+    EXPECT_FALSE(shown.action(QStringLiteral("100%"))->isChecked());
+    shown.state.setWindowScale(2);
+    EXPECT_TRUE(shown.action(QStringLiteral("200%"))->isChecked());
+}
+
+TEST(DisplaySimulatorWindowView, SettingsSelectTheirPage)
+{
+    Shown shown;
+    QSignalSpy spy(&shown.window, &DisplaySimulatorWindowView::settingsRequested);
+    shown.choose(QStringLiteral("画面シミュレータの設定"));
+    EXPECT_EQ(shown.runtime.selectedPage(), EditorPage::displaySimulatorSettings);
+    EXPECT_EQ(spy.count(), 1);
+}
+
+TEST(DisplaySimulatorWindowView, HidingDismissesTheWindow)
+{
+    Shown shown;
+    shown.choose(QStringLiteral("隠す"));
+    EXPECT_FALSE(shown.window.isVisible());
+    EXPECT_FALSE(shown.fields().displayWindowIsVisible);
+}
+
+// The picture file
+
+TEST(DisplaySimulatorWindowView, SavesThePictureAtItsOwnSizeWhateverTheScale)
+{
+    Shown shown;
+    const QTemporaryDir folder;
+    shown.dialogs.pathToSave = folder.filePath(QStringLiteral("screen.png"));
+    shown.state.setWindowScale(2);
+    shown.state.setWindowShowsBorder(true);
+    shown.state.setColorMode(DisplaySimulatorColorMode::xg);
+    shown.choose(QStringLiteral("PNGで保存"));
+
+    EXPECT_EQ(shown.dialogs.proposedNames, QStringList{QStringLiteral("display_sim.png")});
+    EXPECT_EQ(shown.dialogs.savedKinds, QList{FileKind::png});
+    const auto bytes = contentOf(*shown.dialogs.pathToSave);
+    ASSERT_GT(bytes.size(), 26);
+    EXPECT_EQ(bytes[24], 8) << "bits a channel";
+    EXPECT_EQ(bytes[25], 6) << "red, green, blue, alpha";
+    const auto saved = QImage::fromData(bytes, "PNG").convertToFormat(QImage::Format_RGBA8888);
+    ASSERT_EQ(saved.size(), QSize(320, 170));
+    DisplayCanvas canvas;
+    renderDisplay(shown.fields(), canvas);
+    EXPECT_EQ(QByteArrayView(saved.constBits(), saved.sizeInBytes()),
+              QByteArrayView(canvas.bytes().data(), static_cast<qsizetype>(canvas.bytes().size())));
+}
+
+TEST(DisplaySimulatorWindowView, CancelledSavingWritesNothing)
+{
+    Shown shown;
+    shown.dialogs.pathToSave = std::nullopt;
+    shown.choose(QStringLiteral("PNGで保存"));
+    EXPECT_EQ(shown.dialogs.proposedNames.size(), 1);
+}
+
+TEST(DisplaySimulatorWindowView, FailedSavingIsDroppedWithoutAWord)
+{
+    Shown shown;
+    const QTemporaryDir folder;
+    shown.dialogs.pathToSave = folder.filePath(QStringLiteral("missing/screen.png"));
+    shown.choose(QStringLiteral("PNGで保存"));
+    EXPECT_FALSE(QFile::exists(*shown.dialogs.pathToSave));
+    EXPECT_TRUE(shown.dialogs.questions.isEmpty());
+    EXPECT_TRUE(shown.window.isVisible());
+}
+
+TEST(DisplaySimulatorWindowView, SavingReplacesAnOlderFileWhole)
+{
+    Shown shown;
+    const QTemporaryDir folder;
+    shown.dialogs.pathToSave = folder.filePath(QStringLiteral("screen.png"));
+    QFile old(*shown.dialogs.pathToSave);
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write(QByteArray(100'000, 'x'));
+    old.close();
+    shown.choose(QStringLiteral("PNGで保存"));
+    EXPECT_EQ(QImage(*shown.dialogs.pathToSave).size(), QSize(320, 170));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "no temporary is left";
+}
+
+} // namespace
+} // namespace orvim

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+
+namespace orvim::test {
+
+/// Dialogs without a window: they answer what the test put in, and keep what they were asked.
+class RecordingDialogs : public Dialogs
+{
+public:
+    std::optional<QString> openPath(FileKind) override { return pathToOpen; }
+    QStringList openPaths(FileKind) override { return pathsToOpen; }
+    std::optional<QString> savePath(const QString& proposedName, FileKind kind) override
+    {
+        proposedNames << proposedName;
+        savedKinds << kind;
+        return pathToSave;
+    }
+    bool askYesNo(const QString& question) override
+    {
+        questions << question;
+        return answer;
+    }
+
+    std::optional<QString> pathToOpen;
+    QStringList pathsToOpen;
+    std::optional<QString> pathToSave;
+    bool answer = false;
+    QStringList proposedNames;
+    QList<FileKind> savedKinds;
+    QStringList questions;
+};
+
+} // namespace orvim::test
