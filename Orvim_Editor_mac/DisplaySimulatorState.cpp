@@ -8,11 +8,9 @@
 #include <cmath>
 #include <optional>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 using namespace std::chrono_literals;
 

@@ -11,8 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// The one model of the module's screen. The module never answers, so every action that sends a message calls the
 /// matching operation here, whether or not the message reached anything. Main thread only.

@@ -19,8 +19,13 @@ enum class EditorPage {
 };
 
 inline constexpr std::array<EditorPage, 7> allEditorPages{
-    EditorPage::command, EditorPage::toneEditor,  EditorPage::imageTransfer,           EditorPage::samplingSound,
-    EditorPage::lyrics,  EditorPage::information, EditorPage::displaySimulatorSettings,
+    EditorPage::command,
+    EditorPage::toneEditor,
+    EditorPage::imageTransfer,
+    EditorPage::samplingSound,
+    EditorPage::lyrics,
+    EditorPage::information,
+    EditorPage::displaySimulatorSettings,
 };
 
 /// The page's identity as text, such as "toneEditor".

@@ -3,11 +3,23 @@
 #include "EditorRuntime.h"
 #include "PageScaffold.h"
 #include "pages/CommandPageView.h"
+#include "pages/DisplaySimulatorSettingsPageView.h"
 #include "pages/InformationPageView.h"
 
 #include <QLabel>
 
 namespace orvim {
+
+namespace {
+
+QWidget* makeEmptyBody()
+{
+    auto* const body = new QLabel(EditorPageHost::tr("このページはまだ使えません。"));
+    body->setAlignment(Qt::AlignCenter);
+    return body;
+}
+
+} // namespace
 
 EditorPageHost::EditorPageHost(EditorRuntime& runtime, QWidget* parent) : QStackedWidget(parent)
 {
@@ -15,6 +27,13 @@ EditorPageHost::EditorPageHost(EditorRuntime& runtime, QWidget* parent) : QStack
         addPage(new PageScaffold(page, this));
     page(EditorPage::command).setContent(new CommandPageView(runtime));
     page(EditorPage::information).setContent(new InformationPageView);
+    auto* const settings = new DisplaySimulatorSettingsPageView(runtime.displaySimulator());
+    connect(settings, &DisplaySimulatorSettingsPageView::windowRequested, this,
+            &EditorPageHost::simulatorWindowRequested);
+    page(EditorPage::displaySimulatorSettings).setContent(settings);
+    for (const EditorPage unfinished :
+         {EditorPage::toneEditor, EditorPage::imageTransfer, EditorPage::samplingSound, EditorPage::lyrics})
+        page(unfinished).setContent(makeEmptyBody());
 
     const auto showSelected = [this](EditorPage page) { setCurrentIndex(static_cast<int>(page)); };
     connect(&runtime, &EditorRuntime::selectedPageChanged, this, showSelected);

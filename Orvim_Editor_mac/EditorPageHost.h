@@ -21,6 +21,10 @@ public:
 
     PageScaffold& page(EditorPage page) const;
 
+Q_SIGNALS:
+    /// The user wants to see the simulator's window.
+    void simulatorWindowRequested();
+
 private:
     void addPage(PageScaffold* page);
 

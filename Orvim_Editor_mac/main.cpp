@@ -1,10 +1,19 @@
+#include "ApplicationStyle.h"
+#include "EditorRuntime.h"
+#include "MainWindow.h"
+#include "platform/ALSAMIDISystem.h"
+#include "platform/NativeDialogs.h"
+
 #include <QApplication>
-#include <QMainWindow>
 
 int main(int argc, char* argv[])
 {
-    const QApplication application(argc, argv);
-    QMainWindow window;
+    QApplication application(argc, argv);
+    orvim::applyApplicationStyle(application);
+    orvim::EditorRuntime runtime(std::make_unique<orvim::ALSAMIDISystem>());
+    orvim::NativeDialogs dialogs;
+    orvim::MainWindow window(runtime, dialogs);
+    QObject::connect(&window, &orvim::MainWindow::closed, &application, &QCoreApplication::quit);
     window.show();
     return QApplication::exec();
 }

@@ -21,6 +21,7 @@ SwitchRow::SwitchRow(const QString& textOn, const QString& textOff, QWidget* par
 {
     setCheckable(true);
     setFocusPolicy(Qt::StrongFocus);
+    connect(this, &SwitchRow::toggled, this, &SwitchRow::showState);
     showState();
 }
 
@@ -30,12 +31,6 @@ QSize SwitchRow::sizeHint() const
         std::max(fontMetrics().horizontalAdvance(m_textOn), fontMetrics().horizontalAdvance(m_textOff));
     const int height = std::max(static_cast<int>(trackSize.height()), fontMetrics().height());
     return {static_cast<int>(trackSize.width()) + spacing + textWidth + 3 * padding, height + 2 * padding};
-}
-
-void SwitchRow::checkStateSet()
-{
-    QAbstractButton::checkStateSet();
-    showState();
 }
 
 void SwitchRow::showState()

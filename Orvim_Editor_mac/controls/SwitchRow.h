@@ -16,7 +16,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void checkStateSet() override;
 
 private:
     void showState();

@@ -6,10 +6,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using Special = DisplaySimulatorSpecialMode;
 using Rows = std::vector<std::vector<bool>>;

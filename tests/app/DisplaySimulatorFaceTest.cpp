@@ -5,10 +5,8 @@
 
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using Type = DisplaySimulatorType;
 using Special = DisplaySimulatorSpecialMode;

@@ -5,10 +5,8 @@
 #include <gtest/gtest.h>
 #include <numeric>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using Type = DisplaySimulatorType;
 using Mode = DisplaySimulatorColorMode;

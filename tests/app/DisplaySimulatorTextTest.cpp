@@ -5,10 +5,8 @@
 
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using Special = DisplaySimulatorSpecialMode;
 
