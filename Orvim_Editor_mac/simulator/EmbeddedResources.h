@@ -6,8 +6,7 @@
 #include <span>
 
 /// The fonts and pictures that the module's screen is made of, as the module holds them.
-namespace orvim::resources
-{
+namespace orvim::resources {
 
 /// `width` by `height` pixels of 16 bits (5 red, 6 green, 5 blue from the top bit), row by row.
 template <std::size_t width, std::size_t height>

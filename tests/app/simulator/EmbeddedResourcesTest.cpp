@@ -5,10 +5,8 @@
 #include <algorithm>
 #include <gmock/gmock.h>
 
-namespace orvim::resources
-{
-namespace
-{
+namespace orvim::resources {
+namespace {
 
 using test::bytes;
 using testing::ElementsAreArray;
