@@ -3,8 +3,7 @@
 #include <array>
 #include <cassert>
 
-namespace orvim
-{
+namespace orvim {
 
 void drawGlyph(DisplayCanvas& canvas, const BitmapGlyph& glyph, int x, int y, std::int32_t foreground,
                std::int32_t background, DisplayUnit unit)

@@ -6,8 +6,7 @@
 #include <cstdint>
 #include <span>
 
-namespace orvim
-{
+namespace orvim {
 
 /// One character as bits: every row begins at a byte of its own, a set bit is ink, the leftmost pixel is the highest
 /// bit in use.

@@ -8,8 +8,7 @@
 #include <span>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// One pixel of the screen; its four bytes in memory are R, G, B, A.
 using DisplayPixel = std::uint32_t;

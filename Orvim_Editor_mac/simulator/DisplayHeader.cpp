@@ -9,11 +9,9 @@
 #include <cstddef>
 #include <string_view>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 constexpr std::size_t headerCharacters = 40;
 constexpr std::size_t longestCharacter = 4;

@@ -5,11 +5,9 @@
 #include <cassert>
 #include <utility>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 /// The half-open part of 0...length that lands on 0...limit when shifted by `start`. In 64 bits nothing overflows.
 std::pair<int, int> visibleRange(std::int64_t start, std::int64_t length, std::int64_t limit)

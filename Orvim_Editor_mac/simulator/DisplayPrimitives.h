@@ -5,8 +5,7 @@
 #include <cstdint>
 #include <span>
 
-namespace orvim
-{
+namespace orvim {
 
 /// Whether the numbers of a drawing call count the screen's own pixels or the 160 by 85 grid of two by two blocks.
 enum class DisplayUnit { logical, physical };

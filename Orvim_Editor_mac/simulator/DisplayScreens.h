@@ -3,8 +3,7 @@
 #include "simulator/DisplayCanvas.h"
 #include "simulator/DisplayFields.h"
 
-namespace orvim
-{
+namespace orvim {
 
 /// The pieces of the screen, each drawn over what is there. Coordinates in their sources are logical unless a call says
 /// otherwise: the header is rows 0 to 19, the main area columns 0 to 128 below it, the indicator strip the rest.

@@ -6,11 +6,9 @@
 
 #include <cstddef>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 /// How the cells of one font follow each other, in the font's unit. A cell goes to the next row when the pen's x plus
 /// `wrapRoom` is `wrapAt` or more.

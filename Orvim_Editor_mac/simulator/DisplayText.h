@@ -5,8 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace orvim
-{
+namespace orvim {
 
 /// Draws each byte of the UTF-8 text as a cell of 8 by 10 logical pixels, 20 cells to the full row.
 /// In all three, ink and paper are 0xRRGGBB, a code below 32 is a blank, one above 126 leaves its cell as it was, and

@@ -3,11 +3,9 @@
 
 #include <cstddef>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 /// The columns of the dots, in logical pixels.
 struct DotColumns {

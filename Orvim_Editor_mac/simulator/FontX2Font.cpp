@@ -1,10 +1,8 @@
 #include "simulator/FontX2Font.h"
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 constexpr std::size_t widthOffset = 14;
 constexpr std::size_t heightOffset = 15;

@@ -7,8 +7,7 @@
 #include <optional>
 #include <span>
 
-namespace orvim
-{
+namespace orvim {
 
 /// A font file in the FONTX2 layout, read where it lies. Any bytes will do: what is not there is a missing glyph.
 class FontX2Font

@@ -8,11 +8,9 @@
 #include <cstddef>
 #include <cstdio>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 using MeterColors = std::array<std::int32_t, 64>;
 

@@ -8,11 +8,9 @@
 #include <array>
 #include <optional>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 constexpr std::uint16_t fullWidthQuestionMark = 0x8148;
 

@@ -7,8 +7,7 @@
 #include <span>
 #include <string_view>
 
-namespace orvim
-{
+namespace orvim {
 
 /// The two fonts of a Japanese row: one by Shift_JIS code, one by single bytes.
 struct JapaneseFonts {

@@ -4,8 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace orvim
-{
+namespace orvim {
 
 /// RGB565 colours of a level meter's rows in the standard scheme, the top first; bright for the bar, dark for the well.
 inline constexpr std::array<std::uint16_t, 64> meterBrightTable{

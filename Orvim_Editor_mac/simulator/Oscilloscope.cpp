@@ -7,11 +7,9 @@
 #include <cstdlib>
 #include <numbers>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 constexpr int waveColumns = 128;
 constexpr int waveCentre = 51;

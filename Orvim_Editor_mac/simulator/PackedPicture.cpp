@@ -2,11 +2,9 @@
 
 #include <algorithm>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 constexpr std::size_t pixelsPerRow = DisplayCanvas::width;
 constexpr int regionFirstRow = 41;

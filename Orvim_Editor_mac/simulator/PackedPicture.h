@@ -7,8 +7,7 @@
 #include <span>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// What of a packed screen picture is drawn: all of it, or its main area, the first 256 columns from row 41 down.
 enum class PackedPictureArea { whole, region };

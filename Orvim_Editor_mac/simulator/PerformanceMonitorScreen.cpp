@@ -9,11 +9,9 @@
 #include <cstddef>
 #include <cstdio>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 constexpr int partCount = 16;
 constexpr int firstPartTop = 42;

@@ -5,11 +5,9 @@
 #include <cstddef>
 #include <span>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 constexpr int tileWidth = 12;
 constexpr int tileHeight = 3;

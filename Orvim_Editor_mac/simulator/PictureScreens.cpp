@@ -8,11 +8,9 @@
 #include <cstddef>
 #include <span>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 constexpr int pictureTop = 21;
 constexpr int pictureSize = 64;

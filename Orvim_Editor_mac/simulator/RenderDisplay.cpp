@@ -3,11 +3,9 @@
 #include "simulator/DisplayPrimitives.h"
 #include "simulator/DisplayScreens.h"
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 void drawMainArea(const DisplayFields& fields, DisplayCanvas& canvas)
 {

@@ -11,11 +11,9 @@
 #include <cstdio>
 #include <string_view>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 constexpr std::int32_t black = 0x000000;
 

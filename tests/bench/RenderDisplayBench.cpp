@@ -3,10 +3,8 @@
 #include <benchmark/benchmark.h>
 #include <cstring>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 /// The yardstick: one copy of the canvas's bytes.
 void copyOfTheCanvas(benchmark::State& state)

@@ -1,10 +1,8 @@
 #include "CanvasReading.h"
 
-namespace orvim::test
-{
+namespace orvim::test {
 
-namespace
-{
+namespace {
 
 int scaleOf(DisplayUnit unit)
 {

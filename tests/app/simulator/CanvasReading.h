@@ -8,8 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace orvim::test
-{
+namespace orvim::test {
 
 /// What one pixel holds; four zero bytes where nothing was ever painted.
 struct PixelBytes {

@@ -10,10 +10,8 @@
 #include <random>
 #include <vector>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using test::isFilled;
 using test::isUntouchedOutside;

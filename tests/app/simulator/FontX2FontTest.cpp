@@ -6,10 +6,8 @@
 #include <array>
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using tonavelle::Message;
 

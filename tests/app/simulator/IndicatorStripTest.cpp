@@ -7,10 +7,8 @@
 #include <climits>
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using test::isFilled;
 using test::opaque;

@@ -10,10 +10,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using test::bytes;
 using test::isFilled;

@@ -8,10 +8,8 @@
 #include <climits>
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using test::isFilled;
 using test::opaque;

@@ -6,10 +6,8 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using test::isFilled;
 using test::opaque;

@@ -7,10 +7,8 @@
 #include <random>
 #include <string>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 /// States that no user can make: every field takes any value of its type, the odd ones more often than the others.
 class RandomFields

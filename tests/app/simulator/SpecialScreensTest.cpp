@@ -9,10 +9,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using test::isFilled;
 using test::opaque;
