@@ -5,10 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 constexpr std::uint8_t sine = 0, square = 1, triangle = 2, saw = 3, whiteNoise = 4, pcm = 6;
 constexpr std::uint8_t sweepUp = 0, sweepDown = 1, noSweep = 2;

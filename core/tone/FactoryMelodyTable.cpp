@@ -6,14 +6,12 @@
 #include <span>
 #include <string>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// resources/factory_melody.csv, embedded when the program is built.
 extern const std::string_view factoryMelodyTableText;
 
-namespace
-{
+namespace {
 
 struct NamedIndex {
     std::string_view name;

@@ -5,8 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// The module's 128 General MIDI programs in order, parsed on first use and shared.
 const std::vector<TonePreset>& factoryMelodyPresets();

@@ -8,10 +8,8 @@
 #include <string>
 #include <utility>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 constexpr std::size_t drumChannelIndex = 9;
 

@@ -4,8 +4,7 @@
 
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 inline constexpr int channelCount = 16;
 inline constexpr int userPatchCount = 128;

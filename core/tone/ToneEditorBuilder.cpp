@@ -1,11 +1,12 @@
 #include "core/tone/ToneEditorBuilder.h"
 
+#include "core/protocol/MIDIFileFormat.h"
 #include "core/protocol/MIDIMessageBuilder.h"
 #include "core/protocol/MIDINumbers.h"
 #include "core/protocol/SysExBuilder.h"
-#include "core/tone/PatchMessageLayout.h"
 #include "core/tone/ToneDefaults.h"
 #include "core/tone/ToneNames.h"
+#include "core/tone/ToneSysExLayout.h"
 
 #include <algorithm>
 #include <array>
@@ -14,8 +15,7 @@
 #include <utility>
 #include <variant>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 Batch flattened(const MessageGroups& groups)
 {
@@ -27,11 +27,9 @@ Batch flattened(const MessageGroups& groups)
 
 } // namespace tonavelle
 
-namespace tonavelle::ToneEditorBuilder
-{
+namespace tonavelle::ToneEditorBuilder {
 
-namespace
-{
+namespace {
 
 using ID = ToneParameterID;
 using Kind = ToneCarrier::Kind;
@@ -158,7 +156,10 @@ Batch nrpn(int channel, int msb, int lsb, int value)
 
 Message masterVolume(int value)
 {
-    return {0xF0, 0x7F, 0x7F, 0x04, 0x01, 0x00, dataByte(value), 0xF7};
+    Message message(masterVolumeHead.begin(), masterVolumeHead.end());
+    message.push_back(dataByte(value));
+    message.push_back(MIDIFileFormat::sysExEnd);
+    return message;
 }
 
 MessageGroups masterMessageGroups(const MasterToneParameters& master, int channel)

@@ -10,8 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// Batches of which each belongs together, one parameter's messages for example.
 using MessageGroups = std::vector<Batch>;
@@ -23,8 +22,7 @@ Batch flattened(const MessageGroups& groups);
 
 /// What carries each tone parameter to the module, and in which order a channel or the whole module is written.
 /// `channel` is 0...15. Nothing here fails: signed values are limited to their range, of others seven bits count.
-namespace tonavelle::ToneEditorBuilder
-{
+namespace tonavelle::ToneEditorBuilder {
 
 /// Writes one of the module's own parameters, all of which have seven bits.
 Batch nrpn(int channel, int msb, int lsb, int value);

@@ -8,10 +8,8 @@
 #include <cstdio>
 #include <utility>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 constexpr std::size_t patchNameLength = 12;
 

@@ -7,8 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 inline constexpr std::string_view defaultUserMelodyName = "User Melody";
 inline constexpr std::string_view defaultDrumSetName = "User Drum";

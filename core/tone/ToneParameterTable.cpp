@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <type_traits>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 using ID = ToneParameterID;
 using Group = ToneControlGroup;
@@ -96,7 +94,8 @@ constexpr std::array<std::string_view, 16> groupCaptions{
 constexpr bool standsInItsPlace(std::size_t index)
 {
     const ToneParameter& row = rows[index];
-    return row.id == static_cast<ID>(index) && (row.field.index() == 0) == (index < masterRowCount);
+    return row.id == static_cast<ID>(index) &&
+           std::holds_alternative<std::uint8_t M::*>(row.field) == (index < masterRowCount);
 }
 
 constexpr bool hasANameForEachChoice(const ToneParameter& row)
@@ -193,6 +192,11 @@ std::span<const ToneParameter> channelToneParameterRows()
 const ToneParameter& toneParameter(ToneParameterID id)
 {
     return rows.at(static_cast<std::size_t>(id));
+}
+
+bool isMasterParameter(const ToneParameter& parameter)
+{
+    return std::holds_alternative<std::uint8_t M::*>(parameter.field);
 }
 
 const ToneParameter* findToneParameter(const ToneCarrier& carrier)

@@ -10,8 +10,7 @@
 #include <string_view>
 #include <variant>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// Every value that the tone editor edits, in the order in which its controls stand. The case is the row of the table.
 enum class ToneParameterID : std::uint8_t {
@@ -136,6 +135,9 @@ std::span<const ToneParameter> toneParameterRows();
 std::span<const ToneParameter> masterToneParameterRows();
 std::span<const ToneParameter> channelToneParameterRows();
 const ToneParameter& toneParameter(ToneParameterID id);
+
+/// Whether the row stands for a field of the master record rather than of a channel.
+bool isMasterParameter(const ToneParameter& parameter);
 
 /// The row that a controller, an NRPN or an RPN of these numbers carries; null where there is none.
 const ToneParameter* findToneParameter(const ToneCarrier& carrier);

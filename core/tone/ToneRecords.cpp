@@ -2,8 +2,7 @@
 
 #include "core/tone/ToneParameterTable.h"
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 MasterToneParameters::MasterToneParameters(const MasterToneValues& values) : MasterToneValues(values)
 {

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "core/tone/UserWaveform.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// The effect values of the whole module, as somebody gives them.
 struct MasterToneValues {
@@ -152,7 +153,7 @@ struct ImportedToneData {
     std::vector<ImportedUserPatch> userMelodies;
     std::vector<ImportedUserPatch> userDrums;
     std::string userDrumName;
-    std::vector<std::vector<std::int16_t>> userWaveforms;
+    std::vector<UserWaveform> userWaveforms;
 
     bool operator==(const ImportedToneData&) const = default;
 };

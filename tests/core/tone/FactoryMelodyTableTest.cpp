@@ -5,10 +5,8 @@
 #include <string>
 #include <string_view>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 // clang-format off
 constexpr std::array<std::string_view, 128> names{

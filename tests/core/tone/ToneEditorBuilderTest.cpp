@@ -3,16 +3,15 @@
 #include "core/protocol/MIDIMessageBuilder.h"
 #include "core/tone/FactoryDrumTable.h"
 #include "core/tone/ToneDefaults.h"
+#include "tests/core/tone/NumberedSound.h"
 #include "tests/support/Bytes.h"
 
 #include <algorithm>
 #include <array>
 #include <gmock/gmock.h>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 using namespace ToneEditorBuilder;
 using orvim::test::bytes;
@@ -132,19 +131,7 @@ TEST(ToneEditorBuilder, SoundVariationHasEightGroupsInTheirOrder)
 
 TEST(ToneEditorBuilder, VoiceEditHasThirteenGroupsInTheirOrder)
 {
-    const ChannelToneParameters parameters({.isReleaseActive = false,
-                                            .waveType = 1,
-                                            .waveNumber = 2,
-                                            .ringModMultiply = 3,
-                                            .ringModGain = 4,
-                                            .sweepType = 0,
-                                            .sweepSpeed = 6,
-                                            .attack = 7,
-                                            .decay = 8,
-                                            .sustainLevel = 9,
-                                            .sustainRate = 10,
-                                            .release = 11,
-                                            .outputGain = 12});
+    const ChannelToneParameters parameters = test::numberedSound();
     const MessageGroups groups = voiceEditMessageGroups(0, parameters);
     ASSERT_EQ(groups.size(), 13u);
     EXPECT_EQ(flattened(groups), voiceEditMessages(0, parameters));
@@ -159,7 +146,7 @@ TEST(ToneEditorBuilder, VoiceEditHasThirteenGroupsInTheirOrder)
                                                               "B0 63 06 B0 62 00 B0 06 0A B0 26 00"
                                                               "B0 48 0B"
                                                               "B0 63 06 B0 62 0A B0 06 01 B0 26 00"
-                                                              "B0 63 02 B0 62 02 B0 06 0C B0 26 00"));
+                                                              "B0 63 02 B0 62 02 B0 06 0D B0 26 00"));
 }
 
 TEST(ToneEditorBuilder, OnlyAMelodyPresetChannelHasASoundDetail)
@@ -275,22 +262,9 @@ TEST(UserPatchParam, ReleaseFlagIsInverted)
 
 TEST(UserPatchParam, MelodyStandsUnderItsProgram)
 {
-    const ChannelToneParameters parameters({.isReleaseActive = true,
-                                            .waveType = 1,
-                                            .waveNumber = 2,
-                                            .ringModMultiply = 3,
-                                            .ringModGain = 4,
-                                            .sweepType = 0,
-                                            .sweepSpeed = 6,
-                                            .attack = 7,
-                                            .decay = 8,
-                                            .sustainLevel = 9,
-                                            .sustainRate = 10,
-                                            .release = 11,
-                                            .outputGain = 12,
-                                            .volume = 1});
+    const ChannelToneParameters parameters = test::numberedSound();
     EXPECT_EQ(userPatchParam(false, 127, 99, parameters, {}),
-              bytes("F0 00 48 05 7F 40 00 00 7F 00 00 01 02 03 04 00 06 07 08 09 0A 0B 00 0C F7"));
+              bytes("F0 00 48 05 7F 40 00 00 7F 00 01 01 02 03 04 00 06 07 08 09 0A 0B 00 0D F7"));
 }
 
 TEST(UserPatchParam, DrumStandsUnderItsKeyAtItsPitch)

@@ -4,10 +4,8 @@
 
 #include <gtest/gtest.h>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 constexpr auto drum = ToneDrumTrackSetting::drum;
 constexpr auto user = ToneBankKind::user;

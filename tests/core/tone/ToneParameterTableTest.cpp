@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 #include <set>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 using ID = ToneParameterID;
 using Kind = ToneCarrier::Kind;
