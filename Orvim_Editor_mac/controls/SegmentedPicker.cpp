@@ -89,8 +89,10 @@ int SegmentedPicker::currentIndex() const
 
 void SegmentedPicker::setCurrentIndex(int index)
 {
+    auto* segment = m_segments->button(index);
+    if (!segment) return;
     m_told = index;
-    if (auto* segment = m_segments->button(index)) segment->setChecked(true);
+    segment->setChecked(true);
 }
 
 } // namespace orvim

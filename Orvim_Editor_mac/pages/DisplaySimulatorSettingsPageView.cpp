@@ -226,6 +226,7 @@ QWidget* DisplaySimulatorSettingsPageView::makeBars()
         m_barValues[i] = new QLabel;
         m_bars[i] = new VerticalIndicatorSlider(0, 16, 1);
         name(*m_bars[i], tr("バー%1").arg(i + 1));
+        m_barValues[i]->setObjectName(tr("バー%1の値").arg(i + 1));
         m_bars[i]->setFixedHeight(barHeight);
         connect(m_bars[i], &VerticalIndicatorSlider::valueChanged, this,
                 [this, i](double value) { writeBar(i, value); });
