@@ -12,12 +12,12 @@
 namespace orvim {
 
 DisplaySimulatorPreviewView::DisplaySimulatorPreviewView(DisplaySimulatorState& state, QWidget* parent)
-    : QWidget(parent), m_state(state), m_rendering(this, [this] { render(); })
+    : QWidget(parent), m_state(state), m_redrawing(this, [this] { redraw(); })
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(tr("画面シミュレータ"));
     setFixedSize(sizeHint());
-    connect(&state, &DisplaySimulatorState::changed, &m_rendering, &OncePerTurn::request);
+    connect(&state, &DisplaySimulatorState::changed, &m_redrawing, &OncePerTurn::request);
 }
 
 QSize DisplaySimulatorPreviewView::sizeHint() const
@@ -25,7 +25,7 @@ QSize DisplaySimulatorPreviewView::sizeHint() const
     return {DisplayCanvas::width, DisplayCanvas::height};
 }
 
-void DisplaySimulatorPreviewView::render()
+void DisplaySimulatorPreviewView::redraw()
 {
     if (!isVisible()) return;
     DisplayCanvas canvas;
@@ -39,7 +39,7 @@ void DisplaySimulatorPreviewView::render()
 void DisplaySimulatorPreviewView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    render();
+    redraw();
 }
 
 void DisplaySimulatorPreviewView::paintEvent(QPaintEvent*)

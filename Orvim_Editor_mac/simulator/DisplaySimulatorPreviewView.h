@@ -26,10 +26,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void render();
+    void redraw();
 
     DisplaySimulatorState& m_state;
-    OncePerTurn m_rendering;
+    OncePerTurn m_redrawing;
     DisplayCanvas m_canvas;
     QImage m_picture;
 };
