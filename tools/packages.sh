@@ -1,7 +1,7 @@
 # Which Debian packages each purpose needs, and how the missing ones are installed. Sourced by ./run and ./test.
 
 build_packages=(
-  cmake ninja-build g++ ccache pkg-config python3 python3-pil
+  cmake ninja-build g++ ccache pkg-config python3
   qt6-base-dev qt6-base-dev-tools libqt6svg6-dev libgl-dev libasound2-dev libsndfile1-dev
 )
 run_packages=(fonts-noto-cjk qt6-translations-l10n)
