@@ -5,10 +5,8 @@
 #include <cerrno>
 #include <gmock/gmock.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using namespace std::chrono_literals;
 using testing::ElementsAre;

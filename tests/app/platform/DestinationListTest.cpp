@@ -2,10 +2,8 @@
 
 #include <gmock/gmock.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;

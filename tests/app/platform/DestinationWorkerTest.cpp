@@ -8,10 +8,8 @@
 #include <gmock/gmock.h>
 #include <thread>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using namespace std::chrono_literals;
 using testing::ElementsAre;

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 TEST(EndpointTable, AHandleIsGenerationClientAndPort)
 {

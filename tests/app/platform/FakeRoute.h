@@ -9,8 +9,7 @@
 #include <mutex>
 #include <vector>
 
-namespace orvim::test
-{
+namespace orvim::test {
 
 /// A receiver with a ring of `room` bytes that a test fills, empties and pulls out. May be used by several threads.
 class FakeReceiver

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 QueuedMessageRef message(std::vector<std::uint8_t> bytes, MIDILane lane)
 {

@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using Streams = std::vector<RawMIDIStream>;
 

@@ -5,10 +5,8 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 TEST(RealtimeQueue, RunsJobsInTheirOrderOnOneOtherThread)
 {

@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 std::vector<RawMIDIStream> output(std::size_t size, std::size_t available, std::uint64_t transferred = 0)
 {

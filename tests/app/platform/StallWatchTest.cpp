@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 using namespace std::chrono_literals;
 using Verdict = StallWatch::Verdict;
