@@ -10,10 +10,8 @@
 #include <thread>
 #include <utility>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 constexpr MIDIClientRef onlyClient = 1;
 constexpr MIDIPortRef onlyPort = 1;
@@ -263,7 +261,6 @@ void ALSAMIDISystem::disposeClient(MIDIClientRef client)
     closeDirectory();
     const std::lock_guard lock(mutex);
     rows.clear();
-    services.clear();
 }
 
 /// A device that hangs is disconnected by threads that are still at it when the process ends: the end interrupts them
@@ -272,14 +269,19 @@ void ALSAMIDISystem::finishServices()
 {
     constexpr auto timeToDeliver = std::chrono::milliseconds(900);
     const auto deliverBy = std::chrono::steady_clock::now() + timeToDeliver;
-    for (const auto& [endpoint, service] : services) {
+    std::map<MIDIEndpointRef, Service> ending;
+    {
+        const std::lock_guard lock(mutex);
+        ending.swap(services);
+    }
+    for (const auto& [endpoint, service] : ending) {
         service.worker->retire();
     }
-    for (const auto& [endpoint, service] : services) {
+    for (const auto& [endpoint, service] : ending) {
         if (!service.worker->waitClosing(deliverBy)) service.worker->abandon();
     }
     const auto closeBy = std::chrono::steady_clock::now() + timeToClose;
-    for (const auto& [endpoint, service] : services) {
+    for (const auto& [endpoint, service] : ending) {
         service.worker->waitClosed(closeBy);
     }
 }
