@@ -4,11 +4,9 @@
 
 #include <algorithm>
 
-namespace tonavelle::MIDIMessageBuilder
-{
+namespace tonavelle::MIDIMessageBuilder {
 
-namespace
-{
+namespace {
 
 constexpr int channelCount = 16;
 constexpr int largestFourteenBitValue = 16383;

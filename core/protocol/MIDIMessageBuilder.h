@@ -4,8 +4,7 @@
 
 /// Channel messages and the standard controller sequences. None can fail: of a channel (0...15) the low four bits
 /// count, of a data byte (0...127) the low seven.
-namespace tonavelle::MIDIMessageBuilder
-{
+namespace tonavelle::MIDIMessageBuilder {
 
 Message noteOn(int channel, int note, int velocity);
 Message noteOff(int channel, int note, int velocity);

@@ -2,8 +2,7 @@
 
 #include <cstdint>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// The high four bits of a channel message's first byte.
 enum class ChannelStatus : std::uint8_t {
@@ -15,8 +14,7 @@ enum class ChannelStatus : std::uint8_t {
 };
 
 /// The controllers that select a bank or a parameter and carry its data.
-namespace Controller
-{
+namespace Controller {
 inline constexpr int bankSelectMSB = 0x00;
 inline constexpr int dataEntryMSB = 0x06;
 inline constexpr int bankSelectLSB = 0x20;

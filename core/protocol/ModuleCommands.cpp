@@ -1,7 +1,6 @@
 #include "core/protocol/ModuleCommands.h"
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 std::optional<JapaneseCharacterLine> japaneseCharacterLine(std::uint8_t rawValue)
 {

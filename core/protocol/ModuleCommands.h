@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// What every message of the module's own protocol begins with; a command byte follows.
 inline constexpr std::array<std::uint8_t, 5> moduleFrameHead{0xF0, 0x00, 0x48, 0x05, 0x7F};

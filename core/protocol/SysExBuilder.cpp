@@ -6,11 +6,9 @@
 #include <array>
 #include <cstddef>
 
-namespace tonavelle::SysExBuilder
-{
+namespace tonavelle::SysExBuilder {
 
-namespace
-{
+namespace {
 
 constexpr std::uint8_t endOfSysEx = 0xF7;
 constexpr std::array<std::uint8_t, 5> displayFrameHead{0xF0, 0x41, 0x10, 0x45, 0x12};

@@ -10,8 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// A grid of dots by row and then by column, nominally 16 rows of 16.
 using DotRows = std::vector<std::vector<bool>>;
@@ -19,8 +18,7 @@ using DotRows = std::vector<std::vector<bool>>;
 } // namespace tonavelle
 
 /// The module's device commands, its display messages and the standard resets, each as one whole message.
-namespace tonavelle::SysExBuilder
-{
+namespace tonavelle::SysExBuilder {
 
 /// A message of the module's frame. `parameters` go in as they are and must be 0...127.
 Message frame(Command command, std::span<const std::uint8_t> parameters);

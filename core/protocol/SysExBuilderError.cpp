@@ -4,11 +4,9 @@
 #include <cstdio>
 #include <string>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
-namespace
-{
+namespace {
 
 std::string description(std::uint8_t byte)
 {

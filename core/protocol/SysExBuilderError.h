@@ -3,8 +3,7 @@
 #include <cstdint>
 #include <stdexcept>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// A builder was given a byte above 0x7F where it checks for data bytes; what() is the text for the user, in UTF-8.
 class SysExBuilderError : public std::runtime_error

@@ -8,11 +8,9 @@
 #include <cstring>
 #include <utility>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
-namespace
-{
+namespace {
 
 constexpr std::size_t cellsPerRow = 188;
 constexpr char32_t halfWidthKatakana = 0xFF61;

@@ -8,8 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// Decodes Shift_JIS, in the Windows-31J repertoire, to UTF-8; nothing if any byte has no meaning.
 /// 0x5C and 0x7E are backslash and tilde; 0x80, 0xA0 and 0xFD...0xFF begin no character.

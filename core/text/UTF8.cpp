@@ -3,11 +3,9 @@
 #include <cassert>
 #include <cstdint>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
-namespace
-{
+namespace {
 
 /// What the first byte of a sequence promises: its length, the bits it carries, and the bounds of its second byte.
 /// The bounds keep out overlong forms, surrogates and values above 0x10FFFF.

@@ -5,8 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// What stands for each ill-formed part of a text.
 inline constexpr char32_t replacementScalar = U'\uFFFD';

@@ -7,11 +7,9 @@
 #include <array>
 #include <span>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
-namespace
-{
+namespace {
 
 using generated::ScalarRange;
 

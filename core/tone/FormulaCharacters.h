@@ -4,8 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// A user-perceived character of a formula: a scalar with the marks that join it. What it is, its first scalar decides.
 struct FormulaCharacter {

@@ -11,19 +11,16 @@
 #include <limits>
 #include <numbers>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
-namespace
-{
+namespace {
 
 /// Ends the reading of a formula; never leaves the parser.
 struct Fault {
     const char* word;
 };
 
-namespace Word
-{
+namespace Word {
 constexpr const char* empty = "空欄";
 constexpr const char* endsEarly = "式が途中";
 constexpr const char* notAValue = "式エラー";

@@ -9,8 +9,29 @@
 #include <string_view>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
+
+/// What the language offers, in words for the user.
+inline constexpr std::string_view formulaHelpText = "数式を入力できます。\n"
+                                                    "\n"
+                                                    "関数:\n"
+                                                    "sin(rad): サイン波\n"
+                                                    "cos(rad): コサイン波\n"
+                                                    "saw(rad): のこぎり波\n"
+                                                    "squ(rad): 矩形波\n"
+                                                    "squ2(duty, rad): 矩形波(duty比0〜1)\n"
+                                                    "tri(rad): 三角波\n"
+                                                    "abs(x): 絶対値\n"
+                                                    "pow(x,y): xのy乗\n"
+                                                    "\n"
+                                                    "定数:\n"
+                                                    "pi: 円周率\n"
+                                                    "\n"
+                                                    "変数:\n"
+                                                    "t: 時間軸。0以上2π未満まで動く。\n"
+                                                    "\n"
+                                                    "演算:\n"
+                                                    "+, -, *, /, ( )";
 
 /// What reading a formula gave. With an `error`, the program holds the steps that stand before it in the text.
 struct ParsedFormula {

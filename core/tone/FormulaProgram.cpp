@@ -5,11 +5,9 @@
 #include <cmath>
 #include <numbers>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
-namespace
-{
+namespace {
 
 constexpr double pi = std::numbers::pi;
 

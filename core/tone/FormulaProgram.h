@@ -4,8 +4,7 @@
 #include <span>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 enum class FormulaOperation {
     constant,

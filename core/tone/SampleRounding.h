@@ -4,8 +4,7 @@
 #include <cmath>
 #include <cstdint>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// The 16-bit sample nearest to `value`, ties to even.
 inline std::int16_t nearestSample(double value)

@@ -4,14 +4,12 @@
 #include <cstdint>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// One cycle of a sound, nominally `UserWaveformBuilder::sampleCount` samples; operations that need them all check.
 using UserWaveform = std::vector<std::int16_t>;
 
-namespace UserWaveformBuilder
-{
+namespace UserWaveformBuilder {
 
 inline constexpr int slotCount = 4;
 inline constexpr int sectionCount = 128;

@@ -7,11 +7,9 @@
 #include <cmath>
 #include <numbers>
 
-namespace tonavelle::UserWaveformBuilder
-{
+namespace tonavelle::UserWaveformBuilder {
 
-namespace
-{
+namespace {
 
 constexpr int half = static_cast<int>(sampleCount) / 2;
 constexpr double sawStep = 32.01514411333659;  // 65535 / 2047

@@ -11,8 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// The shape buttons of the waveform editor, in their order.
 enum class UserWaveformButtonPreset : std::uint8_t { sine, saw, square, triangle, flat };
@@ -29,8 +28,7 @@ struct WaveformSection {
 } // namespace tonavelle
 
 /// The shapes, operations, messages and files of the user waveforms. Every failure is a UserWaveformError.
-namespace tonavelle::UserWaveformBuilder
-{
+namespace tonavelle::UserWaveformBuilder {
 
 /// What each shape button puts into the formula field, by the button's raw value.
 inline constexpr std::array<std::string_view, 5> buttonFormulas{"sin(t)", "saw(t)", "squ(t)", "tri(t)", "0"};

@@ -1,7 +1,6 @@
 #include "core/tone/UserWaveformError.h"
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 UserWaveformError UserWaveformError::formula(const std::string& text)
 {

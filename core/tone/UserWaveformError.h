@@ -3,8 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// The failure of a waveform operation; what() is the text for the user, in UTF-8.
 class UserWaveformError : public std::runtime_error

@@ -6,11 +6,9 @@
 
 #include <algorithm>
 
-namespace tonavelle::UserWaveformBuilder
-{
+namespace tonavelle::UserWaveformBuilder {
 
-namespace
-{
+namespace {
 
 constexpr std::size_t nibblesPerSample = 4;
 constexpr std::size_t dataStart = moduleFrameHead.size() + 3; // Command, slot and section stand before the data.

@@ -3,11 +3,9 @@
 
 #include <algorithm>
 
-namespace tonavelle::UserWaveformBuilder
-{
+namespace tonavelle::UserWaveformBuilder {
 
-namespace
-{
+namespace {
 
 using Bytes = std::span<const std::uint8_t>;
 

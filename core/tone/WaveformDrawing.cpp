@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace tonavelle::WaveformDrawing
-{
+namespace tonavelle::WaveformDrawing {
 
-namespace
-{
+namespace {
 
 constexpr int lastIndex = static_cast<int>(UserWaveformBuilder::sampleCount) - 1;
 constexpr double smallest = -32768;

@@ -7,8 +7,7 @@
 
 /// The arithmetic of a surface on which a waveform is drawn by hand: view coordinates to points of the waveform and
 /// back.
-namespace tonavelle::WaveformDrawing
-{
+namespace tonavelle::WaveformDrawing {
 
 /// A point of a waveform.
 struct Point {

@@ -7,8 +7,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace
-{
+namespace {
 
 using tonavelle::UserWaveform;
 

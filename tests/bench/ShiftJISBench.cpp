@@ -7,8 +7,7 @@
 #include <iconv.h>
 #include <stdexcept>
 
-namespace
-{
+namespace {
 
 std::string repeated(std::string_view part)
 {

@@ -6,8 +6,7 @@
 #include <span>
 #include <stdexcept>
 
-namespace orvim::test
-{
+namespace orvim::test {
 
 /// The C library's text converter, as a yardstick. Throws std::runtime_error for an encoding that it lacks.
 class Iconv

@@ -4,10 +4,8 @@
 
 #include <gtest/gtest.h>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 using orvim::test::bytes;
 

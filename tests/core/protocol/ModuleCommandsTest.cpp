@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 TEST(ModuleCommands, EveryRawValueOfAListGivesItsCase)
 {

@@ -6,10 +6,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 using orvim::test::bytes;
 

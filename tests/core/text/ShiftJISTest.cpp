@@ -6,10 +6,8 @@
 
 #include <array>
 #include <gtest/gtest.h>
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 using orvim::test::bytes;
 using orvim::test::Iconv;

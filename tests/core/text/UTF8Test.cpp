@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 std::vector<char32_t> scalarsOf(std::string_view text)
 {

@@ -9,10 +9,8 @@
 #include <gtest/gtest.h>
 #include <numbers>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 constexpr double pi = std::numbers::pi;
 

@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 using namespace UserWaveformBuilder;
 

@@ -4,10 +4,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 using namespace UserWaveformBuilder;
 using orvim::test::bytes;

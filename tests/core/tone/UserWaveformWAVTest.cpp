@@ -3,10 +3,8 @@
 
 #include <gtest/gtest.h>
 
-namespace tonavelle
-{
-namespace
-{
+namespace tonavelle {
+namespace {
 
 using namespace UserWaveformBuilder;
 using orvim::test::bytes;
