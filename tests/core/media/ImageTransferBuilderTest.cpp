@@ -1,10 +1,10 @@
 #include "core/media/ImageTransferBuilder.h"
 
 #include "tests/support/Bytes.h"
+#include "tests/support/Thrown.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <functional>
 #include <gtest/gtest.h>
 #include <limits>
 #include <optional>
@@ -15,6 +15,7 @@ namespace tonavelle::ImageTransferBuilder {
 namespace {
 
 using orvim::test::bytes;
+using orvim::test::thrown;
 using Picture = std::vector<std::uint8_t>;
 using Error = ImageTransferError;
 
@@ -36,16 +37,6 @@ Picture pixelAt(const Picture& picture, int x, int y)
 {
     const auto first = picture.begin() + (y * width + x) * std::ptrdiff_t(bytesPerPixel);
     return {first, first + std::ptrdiff_t(bytesPerPixel)};
-}
-
-std::optional<Error> errorOf(const std::function<void()>& action)
-{
-    try {
-        action();
-        return std::nullopt;
-    } catch (const Error& error) {
-        return error;
-    }
 }
 
 /// The smallest rectangle that holds every pixel that is not black, as left, top, width, height.
@@ -118,21 +109,22 @@ TEST(RGB64x64AspectFit, SidesBelowOneAndWrongSizesAreRefusedWithTheSizeFound)
 {
     const Error twelve(Error::invalidRGBBufferSize, 12);
     const Picture four(12);
-    EXPECT_EQ(errorOf([&] { rgb64x64AspectFit(0, 4, four); }), twelve);
-    EXPECT_EQ(errorOf([&] { rgb64x64AspectFit(4, 0, four); }), twelve);
-    EXPECT_EQ(errorOf([&] { rgb64x64AspectFit(-2, -2, four); }), twelve);
-    EXPECT_EQ(errorOf([&] { rgb64x64AspectFit(2, 3, four); }), twelve);
-    EXPECT_EQ(errorOf([&] { rgb64x64AspectFit(3, 1, four); }), twelve);
-    EXPECT_EQ(errorOf([&] { rgb64x64AspectFit(2, 2, four); }), std::nullopt);
-    EXPECT_EQ(errorOf([&] { rgb64x64AspectFit(2, 2, Picture(13)); }), Error(Error::invalidRGBBufferSize, 13));
-    EXPECT_EQ(errorOf([&] { rgb64x64AspectFit(1, 1, Picture()); }), Error(Error::invalidRGBBufferSize, 0));
+    EXPECT_EQ(thrown<Error>([&] { rgb64x64AspectFit(0, 4, four); }), twelve);
+    EXPECT_EQ(thrown<Error>([&] { rgb64x64AspectFit(4, 0, four); }), twelve);
+    EXPECT_EQ(thrown<Error>([&] { rgb64x64AspectFit(-2, -2, four); }), twelve);
+    EXPECT_EQ(thrown<Error>([&] { rgb64x64AspectFit(2, 3, four); }), twelve);
+    EXPECT_EQ(thrown<Error>([&] { rgb64x64AspectFit(3, 1, four); }), twelve);
+    EXPECT_EQ(thrown<Error>([&] { rgb64x64AspectFit(2, 2, four); }), std::nullopt);
+    EXPECT_EQ(thrown<Error>([&] { rgb64x64AspectFit(2, 2, Picture(13)); }), Error(Error::invalidRGBBufferSize, 13));
+    EXPECT_EQ(thrown<Error>([&] { rgb64x64AspectFit(1, 1, Picture()); }), Error(Error::invalidRGBBufferSize, 0));
 }
 
 TEST(RGB64x64AspectFit, SidesWhoseProductOverflowsAreRefused)
 {
     constexpr std::int64_t large = std::numeric_limits<std::int64_t>::max();
-    EXPECT_EQ(errorOf([&] { rgb64x64AspectFit(large, large, Picture(3)); }), Error(Error::invalidRGBBufferSize, 3));
-    EXPECT_EQ(errorOf([&] { rgb64x64AspectFit(std::int64_t(1) << 32, std::int64_t(1) << 32, Picture()); }),
+    EXPECT_EQ(thrown<Error>([&] { rgb64x64AspectFit(large, large, Picture(3)); }),
+              Error(Error::invalidRGBBufferSize, 3));
+    EXPECT_EQ(thrown<Error>([&] { rgb64x64AspectFit(std::int64_t(1) << 32, std::int64_t(1) << 32, Picture()); }),
               Error(Error::invalidRGBBufferSize, 0));
 }
 
@@ -160,10 +152,13 @@ TEST(ImageTransferRows, PixelsStandFromTheLeftOfTheirRow)
 
 TEST(ImageTransferRows, Screen32IsRefusedEvenIfTheBufferIsWrongToo)
 {
-    EXPECT_EQ(errorOf([] { imageTransferRows(32, Picture(5)); }), Error(Error::invalidScreenNumber, 32));
-    EXPECT_EQ(errorOf([] { imageTransferRows(255, Picture(rgbByteCount)); }), Error(Error::invalidScreenNumber, 255));
-    EXPECT_EQ(errorOf([] { imageTransferRows(31, Picture(12'287)); }), Error(Error::invalidRGBBufferSize, 12'287));
-    EXPECT_EQ(errorOf([] { imageTransferRows(31, Picture(12'289)); }), Error(Error::invalidRGBBufferSize, 12'289));
+    EXPECT_EQ(thrown<Error>([] { imageTransferRows(32, Picture(5)); }), Error(Error::invalidScreenNumber, 32));
+    EXPECT_EQ(thrown<Error>([] { imageTransferRows(255, Picture(rgbByteCount)); }),
+              Error(Error::invalidScreenNumber, 255));
+    EXPECT_EQ(thrown<Error>([] { imageTransferRows(31, Picture(12'287)); }),
+              Error(Error::invalidRGBBufferSize, 12'287));
+    EXPECT_EQ(thrown<Error>([] { imageTransferRows(31, Picture(12'289)); }),
+              Error(Error::invalidRGBBufferSize, 12'289));
 }
 
 TEST(ImageTransferRows, PixelBytesNeverHaveTheirTopBitSet)

@@ -1,10 +1,10 @@
 #include "core/media/SamplingSoundBuilder.h"
 
 #include "tests/support/Bytes.h"
+#include "tests/support/Thrown.h"
 
 #include <cmath>
 #include <cstddef>
-#include <functional>
 #include <gtest/gtest.h>
 #include <limits>
 #include <optional>
@@ -15,6 +15,7 @@ namespace tonavelle::SamplingSoundBuilder {
 namespace {
 
 using orvim::test::bytes;
+using orvim::test::thrown;
 using Error = SamplingSoundError;
 using Channels = std::vector<std::vector<float>>;
 
@@ -32,16 +33,6 @@ SamplingSoundItem soundOf(const std::vector<int>& samples)
 SamplingSoundItem silence(std::size_t sampleCount)
 {
     return {std::vector<std::uint8_t>(sampleCount * 2)};
-}
-
-std::optional<Error> errorOf(const std::function<void()>& action)
-{
-    try {
-        action();
-        return std::nullopt;
-    } catch (const Error& error) {
-        return error;
-    }
 }
 
 Message codesOf(const Message& section)
@@ -156,7 +147,7 @@ TEST(BuildSendDataSections, AFullMemoryGives9375Sections)
 TEST(BuildSendDataSections, OneSampleTooManyIsRefusedWithTheCount)
 {
     const std::vector items{silence(1'200'000), silence(1)};
-    EXPECT_EQ(errorOf([&] { buildSendDataSections(items, false); }), Error(Error::tooManySamples, 1'200'001));
+    EXPECT_EQ(thrown<Error>([&] { buildSendDataSections(items, false); }), Error(Error::tooManySamples, 1'200'001));
 }
 
 TEST(SamplingSoundSendData, PutsTheNumberInTwoBytesAndMasksTheCodes)
@@ -171,9 +162,11 @@ TEST(SamplingSoundSendData, PutsTheNumberInTwoBytesAndMasksTheCodes)
 
 TEST(SamplingSoundSendData, ChecksTheNumberBeforeTheCodes)
 {
-    EXPECT_EQ(errorOf([] { samplingSoundSendData(-1, Message(5)); }), Error(Error::invalidSectionNumber, -1));
-    EXPECT_EQ(errorOf([] { samplingSoundSendData(0, Message(127)); }), Error(Error::invalidSectionSampleCount, 127));
-    EXPECT_EQ(errorOf([] { samplingSoundSendData(0, Message(129)); }), Error(Error::invalidSectionSampleCount, 129));
+    EXPECT_EQ(thrown<Error>([] { samplingSoundSendData(-1, Message(5)); }), Error(Error::invalidSectionNumber, -1));
+    EXPECT_EQ(thrown<Error>([] { samplingSoundSendData(0, Message(127)); }),
+              Error(Error::invalidSectionSampleCount, 127));
+    EXPECT_EQ(thrown<Error>([] { samplingSoundSendData(0, Message(129)); }),
+              Error(Error::invalidSectionSampleCount, 129));
 }
 
 TEST(BuildSettings, TwoSoundsOf100SamplesStartAt0AndAt100)
@@ -195,7 +188,8 @@ TEST(BuildSettings, ALastOddByteDoesNotCount)
 TEST(BuildSettings, TheThirtyThirdSoundIsRefused)
 {
     EXPECT_EQ(buildSettings(std::vector<SamplingSoundItem>(32)).size(), 32u);
-    EXPECT_EQ(errorOf([] { buildSettings(std::vector<SamplingSoundItem>(33)); }), Error(Error::invalidSoundNumber, 32));
+    EXPECT_EQ(thrown<Error>([] { buildSettings(std::vector<SamplingSoundItem>(33)); }),
+              Error(Error::invalidSoundNumber, 32));
 }
 
 TEST(SamplingSoundSetting, PutsStartAndCountInThreeBytesEach)
@@ -205,18 +199,18 @@ TEST(SamplingSoundSetting, PutsStartAndCountInThreeBytesEach)
 
 TEST(SamplingSoundSetting, TheRangeMayEndAtTheEndOfTheMemoryAndNotBehindIt)
 {
-    EXPECT_EQ(errorOf([] { samplingSoundSetting(0, 1'199'999, 1); }), std::nullopt);
-    EXPECT_EQ(errorOf([] { samplingSoundSetting(0, 1'199'999, 2); }), Error::invalidAddressRange);
-    EXPECT_EQ(errorOf([] { samplingSoundSetting(0, 1'200'000, 0); }), std::nullopt);
-    EXPECT_EQ(errorOf([] { samplingSoundSetting(0, -1, 5); }), Error::invalidAddressRange);
-    EXPECT_EQ(errorOf([] { samplingSoundSetting(0, 5, -1); }), Error::invalidAddressRange);
+    EXPECT_EQ(thrown<Error>([] { samplingSoundSetting(0, 1'199'999, 1); }), std::nullopt);
+    EXPECT_EQ(thrown<Error>([] { samplingSoundSetting(0, 1'199'999, 2); }), Error::invalidAddressRange);
+    EXPECT_EQ(thrown<Error>([] { samplingSoundSetting(0, 1'200'000, 0); }), std::nullopt);
+    EXPECT_EQ(thrown<Error>([] { samplingSoundSetting(0, -1, 5); }), Error::invalidAddressRange);
+    EXPECT_EQ(thrown<Error>([] { samplingSoundSetting(0, 5, -1); }), Error::invalidAddressRange);
     constexpr std::int64_t large = std::numeric_limits<std::int64_t>::max();
-    EXPECT_EQ(errorOf([] { samplingSoundSetting(0, large, large); }), Error::invalidAddressRange);
+    EXPECT_EQ(thrown<Error>([] { samplingSoundSetting(0, large, large); }), Error::invalidAddressRange);
 }
 
 TEST(SamplingSoundSetting, ChecksTheSoundNumberFirst)
 {
-    EXPECT_EQ(errorOf([] { samplingSoundSetting(32, -1, 0); }), Error(Error::invalidSoundNumber, 32));
+    EXPECT_EQ(thrown<Error>([] { samplingSoundSetting(32, -1, 0); }), Error(Error::invalidSoundNumber, 32));
 }
 
 TEST(PCM16LittleEndian, WritesTheLowByteFirstAndTruncatesTowardZero)

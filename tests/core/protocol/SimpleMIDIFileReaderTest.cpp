@@ -3,6 +3,7 @@
 #include "core/protocol/SimpleMIDIFileBuilder.h"
 #include "tests/support/Bytes.h"
 #include "tests/support/MIDIFiles.h"
+#include "tests/support/Thrown.h"
 
 #include <cstddef>
 #include <gmock/gmock.h>
@@ -16,6 +17,7 @@ namespace {
 using orvim::test::bytes;
 using orvim::test::fileWithTrack;
 using orvim::test::joined;
+using orvim::test::thrown;
 using orvim::test::track;
 using testing::ElementsAre;
 using Error = SimpleMIDIFileReaderError;
@@ -23,12 +25,7 @@ using Error = SimpleMIDIFileReaderError;
 /// The error that reading ends with, or nothing.
 std::optional<Error> readError(const Message& data)
 {
-    try {
-        SimpleMIDIFileReader::read(data);
-        return std::nullopt;
-    } catch (const Error& error) {
-        return error;
-    }
+    return thrown<Error>([&] { SimpleMIDIFileReader::read(data); });
 }
 
 std::vector<SimpleMIDITimedEvent> eventsOf(std::string_view trackData)
