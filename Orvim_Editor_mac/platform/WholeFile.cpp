@@ -1,8 +1,40 @@
 #include "platform/WholeFile.h"
 
+#include <QFile>
 #include <QSaveFile>
 
+#include <system_error>
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+
 namespace orvim {
+
+namespace {
+
+constexpr std::uintmax_t largestFileSize = 512 * 1024 * 1024;
+
+[[noreturn]] void fail(const std::filesystem::path& file, int error)
+{
+    throw std::filesystem::filesystem_error("cannot read", file, std::error_code(error, std::generic_category()));
+}
+
+} // namespace
+
+std::vector<std::uint8_t> readWholeFile(const QString& path)
+{
+    const std::filesystem::path file(QFile::encodeName(path).toStdString());
+    const std::uintmax_t size = std::filesystem::file_size(file); // refuses what is no plain file, and so never waits
+    if (size > largestFileSize) fail(file, EFBIG);
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) fail(file, errno);
+    std::vector<std::uint8_t> bytes(size);
+    stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
+    if (stream.bad()) fail(file, EIO);
+    bytes.resize(static_cast<std::size_t>(stream.gcount()));
+    return bytes;
+}
 
 bool writeWholeFile(const QString& path, const QByteArray& bytes)
 {
