@@ -47,12 +47,22 @@ std::string freeController()
     throw std::runtime_error("every pretended host controller is taken");
 }
 
+std::string ownCard()
+{
+    // /proc/asound/IDENTITY links to "cardN".
+    return fs::read_symlink(fs::path("/proc/asound") / cardIdentity).string().substr(4);
+}
+
+/// On a module's machine nobody sees what is inside the module; here its own side would be listed as one more device.
+void hideOwnSide()
+{
+    write("/sys/bus/snd_seq/drivers/snd_seq_midi/unbind", "seq-midi-" + ownCard() + "-0");
+}
+
 /// Opens the next free port of the gadget's own side for reading.
 FileDescriptor openWire()
 {
-    // /proc/asound/IDENTITY links to "cardN".
-    const std::string card = fs::read_symlink(fs::path("/proc/asound") / cardIdentity).string().substr(4);
-    const std::string path = "/dev/snd/midiC" + card + "D0";
+    const std::string path = "/dev/snd/midiC" + ownCard() + "D0";
     FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!file.isOpen()) fail(path);
     snd_rawmidi_params parameters{};
@@ -98,6 +108,7 @@ KernelModule::~KernelModule()
 void KernelModule::plug()
 {
     write(folder / "UDC", freeController());
+    hideOwnSide();
     startReading();
 }
 

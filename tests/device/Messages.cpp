@@ -28,6 +28,13 @@ std::string around(const Message& bytes, std::size_t offset)
     return text.str();
 }
 
+testing::AssertionResult partedAt(std::size_t offset, const Message& arrived, const Message& sent)
+{
+    return testing::AssertionFailure() << arrived.size() << " bytes arrived, " << sent.size()
+                                       << " were sent; they part at " << offset << ":\narrived"
+                                       << around(arrived, offset) << "\nsent   " << around(sent, offset);
+}
+
 } // namespace
 
 Message numberedMessage(std::size_t index, std::size_t length)
@@ -81,11 +88,15 @@ Arrivals takenApart(const Message& stream)
 testing::AssertionResult sameBytes(const Message& arrived, const Message& sent)
 {
     if (arrived == sent) return testing::AssertionSuccess();
-    const auto parted = std::ranges::mismatch(arrived, sent);
-    const auto offset = static_cast<std::size_t>(parted.in1 - arrived.begin());
-    return testing::AssertionFailure() << arrived.size() << " bytes arrived, " << sent.size()
-                                       << " were sent; they part at " << offset << ":\narrived"
-                                       << around(arrived, offset) << "\nsent   " << around(sent, offset);
+    return partedAt(static_cast<std::size_t>(std::ranges::mismatch(arrived, sent).in1 - arrived.begin()), arrived,
+                    sent);
+}
+
+testing::AssertionResult isBeginning(const Message& arrived, const Message& sent)
+{
+    const auto offset = std::ranges::mismatch(arrived, sent).in1 - arrived.begin();
+    if (offset == std::ssize(arrived)) return testing::AssertionSuccess();
+    return partedAt(static_cast<std::size_t>(offset), arrived, sent);
 }
 
 } // namespace orvim::test

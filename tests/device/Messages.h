@@ -25,5 +25,7 @@ Arrivals takenApart(const tonavelle::Message& stream);
 
 /// Whether both are the same; says where they part, not what they are, for they may be a million bytes long.
 testing::AssertionResult sameBytes(const tonavelle::Message& arrived, const tonavelle::Message& sent);
+/// The same where the end of what was sent may be missing, because the way broke.
+testing::AssertionResult isBeginning(const tonavelle::Message& arrived, const tonavelle::Message& sent);
 
 } // namespace orvim::test

@@ -32,11 +32,18 @@ void writeToHostSide(const tonavelle::Message& message)
     ASSERT_EQ(::write(file.get(), message.data(), message.size()), static_cast<ssize_t>(message.size()));
 }
 
+/// The module of an earlier test may still be on its way out: the kernel gives data on the way 10 s.
+void waitUntilNothingIsPlugged()
+{
+    ASSERT_TRUE(QTest::qWaitFor([] { return hostSide().empty(); }, 20'000));
+}
+
 } // namespace
 
 TEST(Rig, USBModuleTakesWhatIsWrittenToItsCard)
 {
-    USBModule module({});
+    waitUntilNothingIsPlugged();
+    const USBModule module({});
     writeToHostSide(numberedMessage(1));
     EXPECT_TRUE(QTest::qWaitFor([&] { return module.port(0).size() == 137; }, 3000));
     EXPECT_TRUE(sameBytes(module.port(0).bytes(), numberedMessage(1)));
@@ -44,7 +51,8 @@ TEST(Rig, USBModuleTakesWhatIsWrittenToItsCard)
 
 TEST(Rig, KernelModuleTakesWhatIsWrittenToItsCard)
 {
-    KernelModule module;
+    waitUntilNothingIsPlugged();
+    const KernelModule module;
     writeToHostSide(numberedMessage(2));
     EXPECT_TRUE(QTest::qWaitFor([&] { return module.port(0).size() == 137; }, 3000));
     EXPECT_TRUE(sameBytes(module.port(0).bytes(), numberedMessage(2)));

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 
 #include <alsa/asoundlib.h>
 
@@ -78,7 +79,7 @@ SoftwareReceiver::SoftwareReceiver(const SoftwareReceiverPlan& plan)
 {
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(QCoreApplication::applicationFilePath(),
-                  {QString::fromLatin1(startOption), folder.filePath(QStringLiteral("record")), plan.name,
+                  {QString::fromLatin1(startOption), recordPath(), plan.name,
                    QString::number(plan.pauseAfterEvent.count()), QString::number(plan.poolCells),
                    QString::number(plan.hangsAfterEvents), QString::number(plan.hangsFor.count())});
     if (!process.waitForReadyRead()) throw std::runtime_error("the software receiver did not start");
@@ -95,9 +96,19 @@ void SoftwareReceiver::kill()
     process.waitForFinished();
 }
 
+QString SoftwareReceiver::recordPath() const
+{
+    return folder.filePath(QStringLiteral("record"));
+}
+
+std::size_t SoftwareReceiver::receivedBytes() const
+{
+    return static_cast<std::size_t>(QFileInfo(recordPath()).size());
+}
+
 tonavelle::Message SoftwareReceiver::received() const
 {
-    QFile record(folder.filePath(QStringLiteral("record")));
+    QFile record(recordPath());
     if (!record.open(QIODevice::ReadOnly)) return {};
     const QByteArray bytes = record.readAll();
     return {bytes.begin(), bytes.end()};

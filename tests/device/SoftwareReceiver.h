@@ -33,8 +33,11 @@ public:
     void kill();
     /// The bytes of the events that it has taken so far.
     tonavelle::Message received() const;
+    std::size_t receivedBytes() const;
 
 private:
+    QString recordPath() const;
+
     QTemporaryDir folder;
     QProcess process;
 };

@@ -1,0 +1,123 @@
+#include "Editor.h"
+
+#include "platform/ALSAMIDISystem.h"
+
+#include <QTest>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace orvim::test {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString errorMark = QStringLiteral(" エラー: ");
+const QString messageMark = QStringLiteral("   ");
+
+} // namespace
+
+Editor::Editor() : runtime(std::make_unique<ALSAMIDISystem>())
+{
+    log().setRestrictLineCount(false);
+    log().setByteFormat(LogByteFormat::none);
+    connect(&manager(), &MIDIOutManager::statusChanged, this, &Editor::noteError);
+}
+
+void Editor::noteError()
+{
+    if (!errorTime && !loggedErrors().isEmpty()) errorTime = Clock::now();
+}
+
+QStringList Editor::destinationNames() const
+{
+    QStringList names;
+    for (const auto& row : manager().destinations())
+        names += row.name;
+    return names;
+}
+
+QString Editor::selectedName() const
+{
+    const auto row = std::ranges::find(manager().destinations(), manager().selectedDestinationID(),
+                                       [](const auto& candidate) { return std::optional(candidate.id); });
+    return row == manager().destinations().end() ? QString() : row->name;
+}
+
+void Editor::select(const QString& destination)
+{
+    for (const auto& row : manager().destinations())
+        if (row.name == destination) return manager().setSelectedDestinationID(row.id);
+}
+
+testing::AssertionResult Editor::waitUntilSelected(const QString& destination) const
+{
+    if (QTest::qWaitFor([&] { return selectedName() == destination; }, 20'000)) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << '"' << selectedName().toStdString() << "\" is selected of \""
+                                       << destinationNames().join(QStringLiteral("\", \"")).toStdString() << '"';
+}
+
+void Editor::sendOneByOne(const tonavelle::Batch& messages)
+{
+    for (const auto& message : messages) {
+        manager().send(message, QStringLiteral("Test"));
+        if (manager().lastErrorMessage()) return;
+    }
+}
+
+tonavelle::Batch Editor::loggedMessages() const
+{
+    tonavelle::Batch messages;
+    for (const QString& line : log().text().split(QLatin1Char('\n'))) {
+        if (!line.startsWith(messageMark)) continue;
+        const QByteArray bytes = QByteArray::fromHex(line.toLatin1());
+        messages.emplace_back(bytes.begin(), bytes.end());
+    }
+    return messages;
+}
+
+QStringList Editor::loggedErrors() const
+{
+    return log().text().split(QLatin1Char('\n')).filter(errorMark);
+}
+
+std::optional<Clock::time_point> Editor::firstErrorTime(std::chrono::milliseconds longest) const
+{
+    [[maybe_unused]] const bool came =
+        QTest::qWaitFor([this] { return errorTime.has_value(); }, static_cast<int>(longest.count()));
+    return errorTime;
+}
+
+Heartbeat::Heartbeat()
+{
+    auto* const timer = new QTimer(this);
+    timer->setTimerType(Qt::PreciseTimer);
+    connect(timer, &QTimer::timeout, this, [this] {
+        const auto now = Clock::now();
+        longest = std::max(longest, now - last);
+        last = now;
+    });
+    timer->start(50ms);
+}
+
+std::chrono::milliseconds Heartbeat::longestGap() const
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(std::max(longest, Clock::now() - last));
+}
+
+void waitUntilQuiet(const Wire& wire)
+{
+    const auto begin = Clock::now();
+    while (Clock::now() - std::max(begin, wire.lastArrival()) < 300ms)
+        QTest::qWait(20);
+}
+
+void waitForBytes(const Wire& wire, std::size_t count)
+{
+    const auto begin = Clock::now();
+    while (wire.size() < count && Clock::now() - std::max(begin, wire.lastArrival()) < 3s)
+        QTest::qWait(10);
+}
+
+} // namespace orvim::test

@@ -1,0 +1,71 @@
+// A module that stops taking data: for a while, which must cost nothing but the time, and for ever, which is an error.
+
+#include "Editor.h"
+#include "Messages.h"
+#include "tests/support/Bytes.h"
+#include "usbmodule/USBModule.h"
+
+#include <QTest>
+
+#include <iostream>
+
+namespace orvim::test {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Beats of the window come every 50 ms; under emulation on a busy machine some come late.
+constexpr auto noticeable = 500ms;
+
+} // namespace
+
+TEST(Hang, OfThreeSecondsLosesNothing)
+{
+    const USBModule module({.bytesPerSecond = 200'000, .hangsAt = 50'000, .hangsFor = 3s});
+    Editor editor;
+    ASSERT_TRUE(editor.waitUntilSelected(moduleSecondPort));
+    const Heartbeat heartbeat;
+    editor.sendOneByOne(numberedMessages(1500));
+    waitForBytes(module.port(1), 1500 * 137);
+
+    EXPECT_EQ(editor.loggedErrors(), QStringList());
+    EXPECT_TRUE(sameBytes(module.port(1).bytes(), joined(editor.loggedMessages())));
+    EXPECT_EQ(editor.loggedMessages().size(), 1500U);
+    EXPECT_LT(heartbeat.longestGap(), noticeable);
+}
+
+TEST(Hang, ForEverIsReportedAfterFiveSecondsWithTheWindowAlive)
+{
+    const USBModule module({.bytesPerSecond = 200'000, .hangsAt = 20'000, .hangsFor = 1h});
+    Editor editor;
+    ASSERT_TRUE(editor.waitUntilSelected(moduleSecondPort));
+    const Heartbeat heartbeat;
+    editor.sendOneByOne(numberedMessages(2000));
+    const auto reported = editor.firstErrorTime(8s);
+
+    ASSERT_TRUE(reported);
+    const std::chrono::duration<double> time = *reported - module.port(1).lastArrival();
+    std::cout << "  reported " << time.count() << " s after the last byte, longest time without a beat "
+              << heartbeat.longestGap().count() << " ms\n";
+    EXPECT_GT(time, 4.9s);
+    EXPECT_LT(time, 6.5s);
+    EXPECT_LT(heartbeat.longestGap(), noticeable);
+    EXPECT_EQ(editor.loggedErrors(), QStringList(QStringLiteral(" エラー: Test の送信に失敗しました: -110")));
+    EXPECT_TRUE(isBeginning(module.port(1).bytes(), joined(editor.loggedMessages())));
+}
+
+TEST(Hang, ForEverDelaysTheEndOfTheEditorByASecondAtMost)
+{
+    const USBModule module({.hangsAt = 1, .hangsFor = 1h});
+    Clock::time_point begin;
+    {
+        Editor editor;
+        ASSERT_TRUE(editor.waitUntilSelected(moduleSecondPort));
+        editor.sendOneByOne(numberedMessages(300));
+        begin = Clock::now();
+    }
+    EXPECT_LT(Clock::now() - begin, 2s);
+}
+
+} // namespace orvim::test
