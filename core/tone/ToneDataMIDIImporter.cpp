@@ -2,11 +2,9 @@
 
 #include "core/protocol/MIDIFileFormat.h"
 #include "core/protocol/MIDINumbers.h"
-#include "core/tone/ToneModuleModel.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <span>
 #include <tuple>
 #include <utility>
 

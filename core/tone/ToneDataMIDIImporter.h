@@ -1,16 +1,14 @@
 #pragma once
 
 #include "core/protocol/SimpleMIDIFile.h"
+#include "core/tone/ToneModuleModel.h"
 #include "core/tone/ToneRecords.h"
-
-#include <functional>
 
 /// Reads tone data from any MIDI file: its events are played in time order into a model of the module, and what they
 /// set is kept. What is unknown or malformed is skipped, and what the file does not mention stays as it was.
 namespace tonavelle::ToneDataMIDIImporter {
 
-/// Gives a channel the sound of a factory program, as the module does on a Program Change.
-using ApplyPresetVoice = std::function<void(int program, ChannelToneParameters& channel)>;
+using ApplyPresetVoice = ToneModuleModel::ApplyPresetVoice;
 
 /// `applyPresetVoice` may be empty.
 ImportedToneData importData(const SimpleMIDIFile& from, ImportedToneData initialState,

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace tonavelle {
@@ -30,6 +31,7 @@ struct ChannelParseState {
 class ToneModuleModel
 {
 public:
+    /// Gives a channel the sound of a factory program, as the module does on a Program Change.
     using ApplyPresetVoice = std::function<void(int program, ChannelToneParameters& channel)>;
 
     ToneModuleModel(ImportedToneData initialState, ApplyPresetVoice applyPresetVoice);
