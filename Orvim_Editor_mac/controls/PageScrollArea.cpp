@@ -1,19 +1,20 @@
 #include "controls/PageScrollArea.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QProxyStyle>
 #include <QScrollBar>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 /// Some styles fade their scroll bars out when nothing moves; these stay.
 class PermanentBarStyle : public QProxyStyle
 {
 public:
+    PermanentBarStyle() : QProxyStyle(QApplication::style()->name()) {}
+
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override
     {

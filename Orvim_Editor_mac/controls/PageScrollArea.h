@@ -2,8 +2,7 @@
 
 #include <QScrollArea>
 
-namespace orvim
-{
+namespace orvim {
 
 enum class Scrollbars {
     permanent, ///< visible wherever the content is longer than the area, never hidden by inactivity

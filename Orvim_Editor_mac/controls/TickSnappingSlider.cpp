@@ -11,17 +11,16 @@
 
 #include <algorithm>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 constexpr double knobSize = 16;
 constexpr double grooveThickness = 4;
 constexpr double pressMargin = 4; ///< a press this near the knob still takes it
 constexpr double focusMargin = 2;
-constexpr int thickness = 24; ///< knob, margin of a press and focus ring
+constexpr double endMargin = knobSize / 2 + focusMargin; ///< from the knob's outermost middle to the widget's edge
+constexpr int thickness = 24;                            ///< knob, margin of a press and focus ring
 constexpr int usualLength = 160;
 constexpr int shortestLength = 60;
 constexpr double stepsPerPage = 10;
@@ -81,8 +80,7 @@ double TickSnappingSlider::alongAxis(QPointF point) const
 
 double TickSnappingSlider::knobMiddle(double fraction) const
 {
-    const double margin = knobSize / 2 + focusMargin;
-    const double along = margin + fraction * (axisLength() - 2 * margin);
+    const double along = endMargin + fraction * (axisLength() - 2 * endMargin);
     return isHorizontal() ? along : height() - along;
 }
 
@@ -123,16 +121,27 @@ void TickSnappingSlider::mousePressEvent(QMouseEvent* event)
 void TickSnappingSlider::mouseMoveEvent(QMouseEvent* event)
 {
     if (!m_isDragging) return;
-    const double margin = knobSize / 2 + focusMargin;
-    const double way = axisLength() - 2 * margin;
+    const double way = axisLength() - 2 * endMargin;
     if (way <= 0) return;
-    const double fraction = (alongAxis(event->position()) - m_grip - margin) / way;
+    const double fraction = (alongAxis(event->position()) - m_grip - endMargin) / way;
     choose(m_range.lower + fraction * (m_range.upper - m_range.lower));
 }
 
 void TickSnappingSlider::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton || !m_isDragging) return;
+    if (event->button() == Qt::LeftButton) endDrag();
+}
+
+void TickSnappingSlider::hideEvent(QHideEvent* event)
+{
+    // The release will go to whatever stands here then.
+    endDrag();
+    QWidget::hideEvent(event);
+}
+
+void TickSnappingSlider::endDrag()
+{
+    if (!m_isDragging) return;
     m_isDragging = false;
     update();
     Q_EMIT onEditingChanged(false);

@@ -4,8 +4,7 @@
 
 #include <QWidget>
 
-namespace orvim
-{
+namespace orvim {
 
 /// A slider whose value always lies on its step, and whose track does not jump to the pointer: a press on the knob or
 /// within 4 pixels of it drags, a press elsewhere moves by exactly one step towards it.
@@ -51,6 +50,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     bool isHorizontal() const { return m_orientation == Qt::Horizontal; }
@@ -60,6 +60,7 @@ private:
     void stepTowards(QPointF point);
     void stepBy(double steps);
     bool assign(double value);
+    void endDrag();
 
     Qt::Orientation m_orientation;
     SliderRange m_range;

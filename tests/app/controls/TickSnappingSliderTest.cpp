@@ -12,10 +12,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 /// A slider in a window of its own, with what it told so far.
 struct Shown {
@@ -166,6 +164,21 @@ TEST(TickSnappingSlider, ADragReachesEveryValueOfItsRange)
         QTest::mouseMove(&shown.slider, start + QPoint(x, 0));
     ASSERT_EQ(shown.values().size(), 127u);
     EXPECT_EQ(shown.values().back(), 127);
+}
+
+TEST(TickSnappingSlider, ADragOutlivesTheFocusAndEndsWhenTheSliderIsHidden)
+{
+    Shown shown;
+    const auto start = shown.knob();
+    QTest::mousePress(&shown.slider, Qt::LeftButton, {}, start);
+    shown.slider.clearFocus();
+    QTest::mouseMove(&shown.slider, start + QPoint(27, 0));
+    EXPECT_EQ(shown.slider.value(), 13);
+    EXPECT_EQ(shown.editing(), (std::vector<bool>{true}));
+    shown.slider.hide();
+    EXPECT_EQ(shown.editing(), (std::vector<bool>{true, false}));
+    QTest::mouseRelease(&shown.slider, Qt::LeftButton, {}, start);
+    EXPECT_EQ(shown.editing(), (std::vector<bool>{true, false}));
 }
 
 TEST(TickSnappingSlider, WithoutAStepATrackPressDoesNothingAndADragIsSmooth)
