@@ -16,7 +16,7 @@ using Error = SamplingSoundError;
 constexpr int centreCode = 64;
 constexpr int codesBesideCentre = 63;
 constexpr int compandingBase = 128;
-constexpr double compandingBaseLogarithm = 4.852030263919617;
+constexpr double codesPerNaturalLogarithm = codesBesideCentre / 4.852030263919617; ///< divided by ln 128
 constexpr double fullScale = 32'768;
 
 std::int16_t sampleAt(std::span<const std::uint8_t> pcm, std::size_t index)
@@ -43,10 +43,9 @@ std::uint8_t encodeULaw7Bit(std::int16_t pcm)
 {
     if (pcm == 0) return centreCode;
     const double magnitude = std::abs(static_cast<double>(pcm)) / fullScale;
-    const double distance =
-        std::log(1 + (compandingBase - 1) * magnitude) * codesBesideCentre / compandingBaseLogarithm;
-    const int steps = static_cast<int>(std::lround(distance));
-    return static_cast<std::uint8_t>(std::clamp(pcm < 0 ? centreCode - steps : centreCode + steps, 0, 127));
+    const double distance = std::log(1 + (compandingBase - 1) * magnitude) * codesPerNaturalLogarithm;
+    const int steps = static_cast<int>(distance + 0.5);
+    return static_cast<std::uint8_t>(std::clamp(centreCode + steps * (pcm < 0 ? -1 : 1), 0, 127));
 }
 
 std::int16_t decodeULaw7Bit(std::uint8_t code)
@@ -63,13 +62,13 @@ std::vector<std::uint8_t> serializeULawSamples(std::span<const SamplingSoundItem
     std::size_t count = 0;
     for (const auto& item : items)
         count += item.sampleCount();
-    std::vector<std::uint8_t> codes;
-    codes.reserve(count);
+    std::vector<std::uint8_t> codes(count);
+    auto code = codes.begin();
     for (const auto& item : items) {
         for (std::size_t i = 0; i < item.sampleCount(); ++i) {
             std::int16_t sample = sampleAt(item.pcm16LittleEndian, i);
             if (reduceVolume) sample = static_cast<std::int16_t>(sample * volumeFactor);
-            codes.push_back(encodeULaw7Bit(sample));
+            *code++ = encodeULaw7Bit(sample);
         }
     }
     return codes;
