@@ -30,7 +30,7 @@ protected:
         const auto believed = editor.loggedMessages();
         waitForBytes(module.port(1), joined(believed).size());
         waitUntilQuiet(module.port(1));
-        EXPECT_EQ(editor.loggedErrors(), QStringList());
+        EXPECT_EQ(editor.loggedErrors(), Lines());
         EXPECT_TRUE(sameBytes(module.port(1).bytes(), joined(believed)));
         return believed;
     }

@@ -27,35 +27,35 @@ Editor::Editor() : runtime(std::make_unique<ALSAMIDISystem>())
 
 void Editor::noteError()
 {
-    if (!errorTime && !loggedErrors().isEmpty()) errorTime = Clock::now();
+    if (!errorTime && !loggedErrors().empty()) errorTime = Clock::now();
 }
 
-QStringList Editor::destinationNames() const
+Lines Editor::destinationNames() const
 {
-    QStringList names;
+    Lines names;
     for (const auto& row : manager().destinations())
-        names += row.name;
+        names.push_back(row.name.toStdString());
     return names;
 }
 
-QString Editor::selectedName() const
+std::string Editor::selectedName() const
 {
     const auto row = std::ranges::find(manager().destinations(), manager().selectedDestinationID(),
                                        [](const auto& candidate) { return std::optional(candidate.id); });
-    return row == manager().destinations().end() ? QString() : row->name;
+    return row == manager().destinations().end() ? std::string() : row->name.toStdString();
 }
 
-void Editor::select(const QString& destination)
+void Editor::select(const std::string& destination)
 {
     for (const auto& row : manager().destinations())
-        if (row.name == destination) return manager().setSelectedDestinationID(row.id);
+        if (row.name.toStdString() == destination) return manager().setSelectedDestinationID(row.id);
 }
 
-testing::AssertionResult Editor::waitUntilSelected(const QString& destination) const
+testing::AssertionResult Editor::waitUntilSelected(const std::string& destination) const
 {
     if (QTest::qWaitFor([&] { return selectedName() == destination; }, 20'000)) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << '"' << selectedName().toStdString() << "\" is selected of \""
-                                       << destinationNames().join(QStringLiteral("\", \"")).toStdString() << '"';
+    return testing::AssertionFailure() << '"' << selectedName() << "\" is selected of "
+                                       << testing::PrintToString(destinationNames());
 }
 
 void Editor::sendOneByOne(const tonavelle::Batch& messages)
@@ -77,9 +77,12 @@ tonavelle::Batch Editor::loggedMessages() const
     return messages;
 }
 
-QStringList Editor::loggedErrors() const
+Lines Editor::loggedErrors() const
 {
-    return log().text().split(QLatin1Char('\n')).filter(errorMark);
+    Lines errors;
+    for (const QString& line : log().text().split(QLatin1Char('\n')))
+        if (line.startsWith(errorMark)) errors.push_back(line.mid(errorMark.size()).toStdString());
+    return errors;
 }
 
 std::optional<Clock::time_point> Editor::firstErrorTime(std::chrono::milliseconds longest) const

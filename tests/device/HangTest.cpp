@@ -29,7 +29,7 @@ TEST(Hang, OfThreeSecondsLosesNothing)
     editor.sendOneByOne(numberedMessages(1500));
     waitForBytes(module.port(1), 1500 * 137);
 
-    EXPECT_EQ(editor.loggedErrors(), QStringList());
+    EXPECT_EQ(editor.loggedErrors(), Lines());
     EXPECT_TRUE(sameBytes(module.port(1).bytes(), joined(editor.loggedMessages())));
     EXPECT_EQ(editor.loggedMessages().size(), 1500U);
     EXPECT_LT(heartbeat.longestGap(), noticeable);
@@ -51,7 +51,7 @@ TEST(Hang, ForEverIsReportedAfterFiveSecondsWithTheWindowAlive)
     EXPECT_GT(time, 4.9s);
     EXPECT_LT(time, 6.5s);
     EXPECT_LT(heartbeat.longestGap(), noticeable);
-    EXPECT_EQ(editor.loggedErrors(), QStringList(QStringLiteral(" エラー: Test の送信に失敗しました: -110")));
+    EXPECT_EQ(editor.loggedErrors(), Lines{"Test の送信に失敗しました: -110"});
     EXPECT_TRUE(isBeginning(module.port(1).bytes(), joined(editor.loggedMessages())));
 }
 

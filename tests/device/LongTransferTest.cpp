@@ -27,7 +27,7 @@ void expectWholeTransfer(const Module& module, const tonavelle::Batch& messages)
     const std::chrono::duration<double> time = module.port(1).lastArrival() - begin;
     std::cout << "  " << static_cast<long>(static_cast<double>(sent.size()) / time.count()) << " bytes/s\n";
 
-    EXPECT_EQ(editor.loggedErrors(), QStringList());
+    EXPECT_EQ(editor.loggedErrors(), Lines());
     EXPECT_EQ(editor.loggedMessages(), messages);
     EXPECT_TRUE(sameBytes(module.port(1).bytes(), sent));
     EXPECT_EQ(module.port(0).size(), 0U);
@@ -76,7 +76,7 @@ TEST(LongTransfer, MessageOf1011BytesIsLoggedAndGoesNowhere)
     waitForBytes(module.port(1), expected.size());
     waitUntilQuiet(module.port(1));
 
-    EXPECT_EQ(editor.loggedErrors(), QStringList());
+    EXPECT_EQ(editor.loggedErrors(), Lines());
     EXPECT_EQ(editor.loggedMessages().size(), 3U);
     EXPECT_TRUE(sameBytes(module.port(1).bytes(), expected));
 }

@@ -68,7 +68,7 @@ TEST(Realtime, NotesDuringALongTransferGoAheadAndNeverIntoAMessage)
     const Arrivals arrivals = takenApart(wire.bytes());
     EXPECT_EQ(arrivals.strayBytes, 0U);
     EXPECT_EQ(arrivals.systemExclusive, editor.loggedMessages());
-    EXPECT_EQ(editor.loggedErrors(), QStringList());
+    EXPECT_EQ(editor.loggedErrors(), Lines());
     ASSERT_EQ(arrivals.others.size(), notes.size());
     tonavelle::Batch played;
     std::ranges::transform(notes, std::back_inserter(played), &PlayedNote::message);
@@ -101,11 +101,11 @@ TEST(Realtime, NotesToAModuleThatWasPulledOutAreReportedAndNeverWait)
     for (int i = 0; i < 100; ++i)
         editor.manager().sendRealtimeNow({{0x90, 60, 100}});
     EXPECT_LT(Clock::now() - begin, 500ms);
-    EXPECT_EQ(editor.loggedErrors(), QStringList());
+    EXPECT_EQ(editor.loggedErrors(), Lines());
 
     module.unplug();
     EXPECT_TRUE(editor.firstErrorTime(3s));
-    const auto isDeviceGone = [](const QString& line) { return line.endsWith(QStringLiteral("に失敗しました: -19")); };
+    const auto isDeviceGone = [](const std::string& line) { return line.ends_with("に失敗しました: -19"); };
     EXPECT_TRUE(std::ranges::all_of(editor.loggedErrors(), isDeviceGone));
 }
 

@@ -57,8 +57,7 @@ int sequencerClientOfTheModule()
     snd_seq_client_info_set_client(info, -1);
     int found = -1;
     while (found < 0 && snd_seq_query_next_client(sequencer, info) >= 0)
-        if (moduleFirstPort == QLatin1String(snd_seq_client_info_get_name(info)))
-            found = snd_seq_client_info_get_client(info);
+        if (moduleFirstPort == snd_seq_client_info_get_name(info)) found = snd_seq_client_info_get_client(info);
     snd_seq_close(sequencer);
     return found;
 }
@@ -84,7 +83,7 @@ TEST(SecondClient, BothTransfersArriveWhole)
     waitForBytes(module.port(1), joined(ours).size());
     waitForBytes(module.port(0), joined(theirs).size());
 
-    EXPECT_EQ(editor.loggedErrors(), QStringList());
+    EXPECT_EQ(editor.loggedErrors(), Lines());
     EXPECT_EQ(editor.loggedMessages(), ours);
     EXPECT_TRUE(sameBytes(module.port(1).bytes(), joined(ours)));
     EXPECT_TRUE(sameBytes(module.port(0).bytes(), joined(theirs)));

@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QString receiverName = QStringLiteral("Receiver: In");
+const std::string receiverName = "Receiver: In";
 
 void expectWholeTransfer(const SoftwareReceiverPlan& plan, const tonavelle::Batch& messages)
 {
@@ -24,7 +24,7 @@ void expectWholeTransfer(const SoftwareReceiverPlan& plan, const tonavelle::Batc
     editor.sendOneByOne(messages);
     const auto sent = joined(messages);
     [[maybe_unused]] const bool came = QTest::qWaitFor([&] { return receiver.receivedBytes() >= sent.size(); }, 20'000);
-    EXPECT_EQ(editor.loggedErrors(), QStringList());
+    EXPECT_EQ(editor.loggedErrors(), Lines());
     EXPECT_EQ(editor.loggedMessages(), messages);
     EXPECT_TRUE(sameBytes(receiver.received(), sent));
 }
@@ -65,8 +65,8 @@ TEST(SoftwareDestination, ThatCrashesInMidTransferIsReported)
     const auto reported = editor.firstErrorTime(3s);
     ASSERT_TRUE(reported);
     EXPECT_LT(*reported - killed, 500ms);
-    EXPECT_EQ(editor.loggedErrors(), QStringList(QStringLiteral(" エラー: Test の送信に失敗しました: -19")));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return editor.selectedName().isEmpty(); }, 3000));
+    EXPECT_EQ(editor.loggedErrors(), Lines{"Test の送信に失敗しました: -19"});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return editor.selectedName().empty(); }, 3000));
 
     const auto arrived = receiver.received();
     EXPECT_GT(arrived.size(), 0U);
