@@ -29,7 +29,7 @@ void applyApplicationStyle(QApplication& application)
 {
     QCoreApplication::setApplicationName(QStringLiteral("orvim-editor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ORVIM_VERSION));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Orvim Editor"));
+    // No display name: the toolkit would write it behind every window's title, and ours are whole as they stand.
     QGuiApplication::setDesktopFileName(QStringLiteral("orvim-editor"));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/app/orvim-editor.svg")));
     QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
