@@ -13,7 +13,7 @@
 #include <QFile>
 #include <QMainWindow>
 #include <QProcess>
-#include <QTimer>
+#include <QWindow>
 
 #include <unistd.h>
 
