@@ -20,7 +20,7 @@ std::vector<DestinationRow> DestinationDirectory::list()
     std::vector<DestinationRow> rows;
     for (ListedDestination& destination : listDestinations(sequencer.ports(), sequencer.id())) {
         if (isGone(destination.port)) continue;
-        const MIDIEndpointRef endpoint = endpoints.handle(destination.port.address);
+        const MIDIEndpointRef endpoint = endpoints.list(destination.port.address);
         rows.push_back({endpoint, std::move(destination)});
     }
     return rows;
@@ -40,16 +40,18 @@ bool DestinationDirectory::followNews()
         switch (one.kind) {
         case SequencerAnnouncement::Kind::portStarted:
             goneClients.erase(one.address.client);
-            endpoints.advance(one.address);
+            endpoints.portStarted(one.address);
             break;
         case SequencerAnnouncement::Kind::portEnded:
-            endpoints.advance(one.address);
+            endpoints.portEnded(one.address);
             break;
         case SequencerAnnouncement::Kind::clientEnded:
-            endpoints.advanceClient(one.address.client);
+            endpoints.clientEnded(one.address.client);
+            break;
+        case SequencerAnnouncement::Kind::lost:
+            endpoints.announcementsLost();
             break;
         case SequencerAnnouncement::Kind::changed:
-        case SequencerAnnouncement::Kind::lost:
             break;
         }
     }

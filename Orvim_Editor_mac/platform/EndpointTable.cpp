@@ -21,14 +21,32 @@ MIDIEndpointRef EndpointTable::handle(SequencerAddress address) const
     return MIDIEndpointRef{sum} << 16 | MIDIEndpointRef{address.client} << 8 | address.port;
 }
 
-void EndpointTable::advance(SequencerAddress address)
+MIDIEndpointRef EndpointTable::list(SequencerAddress address)
 {
+    listed.insert(address);
+    return handle(address);
+}
+
+void EndpointTable::portStarted(SequencerAddress address)
+{
+    if (!listed.contains(address)) ++portGenerations[address];
+}
+
+void EndpointTable::portEnded(SequencerAddress address)
+{
+    listed.erase(address);
     ++portGenerations[address];
 }
 
-void EndpointTable::advanceClient(std::uint8_t client)
+void EndpointTable::clientEnded(std::uint8_t client)
 {
+    std::erase_if(listed, [client](const SequencerAddress& address) { return address.client == client; });
     ++clientGenerations[client];
+}
+
+void EndpointTable::announcementsLost()
+{
+    listed.clear();
 }
 
 bool EndpointTable::isCurrent(MIDIEndpointRef endpoint) const
