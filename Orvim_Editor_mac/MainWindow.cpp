@@ -29,6 +29,13 @@ QFrame* makeRule()
     return rule;
 }
 
+void bringToFront(QWidget& window)
+{
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.raise();
+    window.activateWindow();
+}
+
 } // namespace
 
 MainWindow::MainWindow(EditorRuntime& runtime, Dialogs& dialogs) : m_runtime(runtime), m_dialogs(dialogs)
@@ -94,16 +101,13 @@ void MainWindow::showSimulatorWindow(bool visible)
 void MainWindow::makeSimulatorWindow()
 {
     m_simulatorWindow = std::make_unique<DisplaySimulatorWindowView>(m_runtime, m_dialogs);
-    connect(m_simulatorWindow.get(), &DisplaySimulatorWindowView::settingsRequested, this, [this] {
-        raise();
-        activateWindow();
-    });
+    connect(m_simulatorWindow.get(), &DisplaySimulatorWindowView::settingsRequested, this,
+            [this] { bringToFront(*this); });
 }
 
 void MainWindow::raiseSimulatorWindow()
 {
-    m_simulatorWindow->raise();
-    m_simulatorWindow->activateWindow();
+    bringToFront(*m_simulatorWindow);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -82,7 +82,12 @@ std::optional<QString> NativeDialogs::savePath(const QString& proposedName, File
     dialog.selectFile(proposedName);
     const QStringList paths = run(dialog);
     if (paths.isEmpty()) return std::nullopt;
-    return withExtension(paths.first(), kind);
+    const QString path = withExtension(paths.first(), kind);
+    // The dialog has asked about the name that was typed, and this one may stand for another file.
+    const bool isOtherFile = path != paths.first() && QFileInfo::exists(path);
+    if (isOtherFile && !askYesNo(QStringLiteral("%1 はすでに存在します。上書きしますか？").arg(QFileInfo(path).fileName())))
+        return std::nullopt;
+    return path;
 }
 
 bool NativeDialogs::askYesNo(const QString& question)
