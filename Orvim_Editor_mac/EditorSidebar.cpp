@@ -5,6 +5,7 @@
 #include "controls/SwitchRow.h"
 #include "controls/SymbolIcon.h"
 
+#include <QFrame>
 #include <QListWidget>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -57,6 +58,9 @@ void EditorSidebar::makePageList()
     connect(m_pages, &QListWidget::currentRowChanged, this, [this](int index) {
         if (index >= 0) m_runtime.setSelectedPage(static_cast<EditorPage>(index));
     });
+    // A click with Ctrl would take the mark off the page that is shown.
+    connect(m_pages, &QListWidget::itemSelectionChanged, this,
+            [this] { m_pages->item(static_cast<int>(m_runtime.selectedPage()))->setSelected(true); });
     connect(&m_runtime, &EditorRuntime::selectedPageChanged, this, &EditorSidebar::showSelectedPage);
 }
 

@@ -1,9 +1,9 @@
 #include "LogTextView.h"
 
 #include "MIDIOutLogStore.h"
+#include "controls/JapaneseFont.h"
 #include "controls/OncePerTurn.h"
 
-#include <QFontDatabase>
 #include <QScrollBar>
 
 namespace orvim {
@@ -25,7 +25,7 @@ LogTextView::LogTextView(MIDIOutLogStore& logStore, QWidget* parent) : QPlainTex
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setBackgroundVisible(false);
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    QFont font = japaneseFixedFont();
     font.setPixelSize(fontPixelSize);
     setFont(font);
     // The log is read, not edited: it stands on the window's ground and not on an entry field's.
@@ -52,7 +52,6 @@ void LogTextView::showLog()
     m_shownRemovedLineCount = m_logStore.removedLineCount();
     m_shownLineCount = m_logStore.lineCount();
     m_endsInsideLine = m_logStore.endsInsideLine();
-    horizontalScrollBar()->setValue(0);
     verticalScrollBar()->setValue(verticalScrollBar()->maximum());
 }
 

@@ -59,7 +59,9 @@ void LogWindowView::makeWidgets()
     layout->addWidget(makeFormatPicker());
 
     m_usesComma = new QCheckBox(tr("カンマ区切り"), this);
+    m_usesComma->setObjectName(m_usesComma->text());
     m_restrictLineCount = new QCheckBox(tr("ログ行数制限"), this);
+    m_restrictLineCount->setObjectName(m_restrictLineCount->text());
     m_restrictLineCount->setToolTip(tr("ログの行数を300行に制限する。制限を外すとメモリ使用量が増える。"));
     auto* const clearButton = new QPushButton(tr("ログ消去"), this);
     clearButton->setObjectName(QStringLiteral("clearLog"));
@@ -76,11 +78,13 @@ void LogWindowView::makeWidgets()
 QWidget* LogWindowView::makeFormatPicker()
 {
     auto* const row = new QWidget(this);
+    row->setAccessibleName(tr("バイトの表記"));
     auto* const layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     m_formatPicker = new QButtonGroup(this);
     for (const auto& [format, title] : formatTitles) {
         auto* const button = new QRadioButton(QString::fromUtf8(title), row);
+        button->setObjectName(button->text());
         m_formatPicker->addButton(button, static_cast<int>(format));
         layout->addWidget(button);
     }

@@ -4,7 +4,6 @@
 
 class QButtonGroup;
 class QCheckBox;
-class QVBoxLayout;
 
 namespace orvim {
 

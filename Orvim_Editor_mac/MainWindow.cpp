@@ -10,6 +10,8 @@
 #include "simulator/DisplaySimulatorWindowView.h"
 
 #include <QCloseEvent>
+#include <QFrame>
+#include <QMenu>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QVBoxLayout>

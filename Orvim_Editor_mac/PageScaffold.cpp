@@ -1,5 +1,6 @@
 #include "PageScaffold.h"
 
+#include "controls/IconLabel.h"
 #include "controls/SymbolIcon.h"
 
 #include <QHBoxLayout>
@@ -7,6 +8,8 @@
 #include <QMenu>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace orvim {
 
@@ -16,6 +19,7 @@ constexpr int toolbarSymbolSize = 28;
 constexpr QSize toolbarSymbolFrame(44, 32);
 constexpr QSize toolbarTitleFrame(58, 20);
 constexpr int toolbarTitlePixelSize = 11;
+constexpr int toolbarTitlePadding = 8;
 constexpr int headerTitlePixelSize = 16;
 constexpr int headerSymbolSize = 20;
 
@@ -30,32 +34,32 @@ QFrame* makeRule(QWidget* parent)
 } // namespace
 
 EditorToolbarButton::EditorToolbarButton(const QString& title, const QString& systemImage, QWidget* parent)
-    : QWidget(parent)
+    : QToolButton(parent)
 {
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    setObjectName(systemImage);
+    setAccessibleName(title);
+    setText(title);
+    setIcon(symbolIcon(systemImage));
+    setIconSize({toolbarSymbolSize, toolbarSymbolSize});
+    setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    setAutoRaise(true);
+    setFocusPolicy(Qt::StrongFocus);
+    QFont small = font();
+    small.setPixelSize(toolbarTitlePixelSize);
+    setFont(small);
+    setFixedHeight(toolbarSymbolFrame.height() + toolbarTitleFrame.height());
+}
 
-    auto* const symbol = new QToolButton(this);
-    symbol->setObjectName(systemImage);
-    symbol->setIcon(symbolIcon(systemImage));
-    symbol->setIconSize({toolbarSymbolSize, toolbarSymbolSize});
-    symbol->setFixedSize(toolbarSymbolFrame);
-    symbol->setAutoRaise(true);
-    symbol->setFocusPolicy(Qt::StrongFocus);
-    symbol->setAccessibleName(title);
-    symbol->setToolTip(title);
-    layout->addWidget(symbol, 0, Qt::AlignHCenter);
-    connect(symbol, &QToolButton::clicked, this, &EditorToolbarButton::clicked);
+QSize EditorToolbarButton::sizeHint() const
+{
+    // A longer title widens its button rather than being cut.
+    const int titleWidth = fontMetrics().horizontalAdvance(text()) + toolbarTitlePadding;
+    return {std::max(toolbarTitleFrame.width(), titleWidth), toolbarSymbolFrame.height() + toolbarTitleFrame.height()};
+}
 
-    auto* const caption = new QLabel(title, this);
-    QFont font = caption->font();
-    font.setPixelSize(toolbarTitlePixelSize);
-    caption->setFont(font);
-    caption->setAlignment(Qt::AlignCenter);
-    caption->setMinimumSize(toolbarTitleFrame);
-    caption->setFixedHeight(toolbarTitleFrame.height());
-    layout->addWidget(caption, 0, Qt::AlignHCenter);
+QSize EditorToolbarButton::minimumSizeHint() const
+{
+    return sizeHint();
 }
 
 EditorPageHeader::EditorPageHeader(EditorPage page, QWidget* parent) : QWidget(parent)
@@ -64,8 +68,8 @@ EditorPageHeader::EditorPageHeader(EditorPage page, QWidget* parent) : QWidget(p
     layout->setContentsMargins(14, 8, 14, 8);
     layout->setSpacing(10);
 
-    auto* const symbolLabel = new QLabel(this);
-    symbolLabel->setPixmap(symbolIcon(symbol(page)).pixmap({headerSymbolSize, headerSymbolSize}, devicePixelRatioF()));
+    auto* const symbolLabel = new IconLabel(headerSymbolSize, this);
+    symbolLabel->setIcon(symbolIcon(symbol(page)));
     layout->addWidget(symbolLabel);
 
     auto* const titleLabel = new QLabel(title(page), this);
@@ -89,6 +93,7 @@ QMenu* EditorPageHeader::addMenu(const QString& title)
 {
     auto* const button = new QToolButton(this);
     button->setText(title);
+    button->setObjectName(title);
     button->setAccessibleName(title);
     button->setToolButtonStyle(Qt::ToolButtonTextOnly);
     button->setPopupMode(QToolButton::InstantPopup);

@@ -2,7 +2,7 @@
 
 #include "EditorPage.h"
 
-#include <QWidget>
+#include <QToolButton>
 
 class QHBoxLayout;
 class QMenu;
@@ -10,15 +10,15 @@ class QMenu;
 namespace orvim {
 
 /// A button of a page's toolbar: the symbol with its title below.
-class EditorToolbarButton : public QWidget
+class EditorToolbarButton : public QToolButton
 {
     Q_OBJECT
 
 public:
     EditorToolbarButton(const QString& title, const QString& systemImage, QWidget* parent = nullptr);
 
-Q_SIGNALS:
-    void clicked();
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 };
 
 /// The band above a page: its symbol and title, its drop-down menus, then its toolbar.

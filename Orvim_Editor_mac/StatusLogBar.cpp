@@ -2,6 +2,7 @@
 
 #include "MIDIOutManager.h"
 #include "controls/ElidedLabel.h"
+#include "controls/IconLabel.h"
 #include "controls/OncePerTurn.h"
 #include "controls/PageScrollArea.h"
 #include "controls/SymbolIcon.h"
@@ -15,6 +16,7 @@
 #include <QSignalBlocker>
 #include <QToolButton>
 
+#include <algorithm>
 #include <cmath>
 
 namespace orvim {
@@ -69,7 +71,7 @@ void StatusLogBar::makeWidgets()
     layout->addWidget(reload);
     connect(reload, &QToolButton::clicked, this, &StatusLogBar::reloadDestinations);
 
-    m_statusIcon = new QLabel(this);
+    m_statusIcon = new IconLabel(statusIconSize, this);
     m_statusIcon->setObjectName(QStringLiteral("statusIcon"));
     layout->addWidget(m_statusIcon);
 
@@ -135,8 +137,7 @@ void StatusLogBar::showStatus()
     const bool isError = m_manager.lastErrorMessage().has_value();
     const QColor iconColor = isError ? errorColor(palette()) : successColor(palette());
     const QString symbol = isError ? QStringLiteral("exclamationmark.triangle") : QStringLiteral("checkmark.circle");
-    m_statusIcon->setPixmap(
-        symbolIcon(symbol, iconColor).pixmap({statusIconSize, statusIconSize}, devicePixelRatioF()));
+    m_statusIcon->setIcon(symbolIcon(symbol, iconColor));
     m_statusIcon->setAccessibleName(isError ? tr("エラー") : tr("正常"));
     m_statusText->setText(m_manager.statusMessage());
     m_statusText->setTextColor(isError ? errorColor(palette()) : QColor());

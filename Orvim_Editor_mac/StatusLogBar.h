@@ -3,12 +3,12 @@
 #include <QWidget>
 
 class QComboBox;
-class QLabel;
 class QProgressBar;
 
 namespace orvim {
 
 class ElidedLabel;
+class IconLabel;
 class MIDIOutManager;
 class OncePerTurn;
 
@@ -34,7 +34,7 @@ private:
 
     MIDIOutManager& m_manager;
     QComboBox* m_destinationPicker = nullptr;
-    QLabel* m_statusIcon = nullptr;
+    IconLabel* m_statusIcon = nullptr;
     ElidedLabel* m_statusText = nullptr;
     QProgressBar* m_progressBar = nullptr;
     OncePerTurn* m_statusRefresh = nullptr;

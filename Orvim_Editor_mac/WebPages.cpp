@@ -9,30 +9,28 @@ namespace orvim {
 namespace {
 
 /// The build tree and an installation keep the same places beside each other: the program, and ../share.
-QUrl manualChapter(const QString& anchor)
+QUrl manualFile(const QString& name)
 {
     const QDir programs(QCoreApplication::applicationDirPath());
-    const QString path = programs.absoluteFilePath(QStringLiteral("../share/orvim-editor/manual/index.html"));
-    QUrl address = QUrl::fromLocalFile(QDir::cleanPath(path));
-    address.setFragment(anchor);
-    return address;
+    const QString path = programs.absoluteFilePath(QStringLiteral("../share/orvim-editor/manual/") + name);
+    return QUrl::fromLocalFile(QDir::cleanPath(path));
 }
 
 } // namespace
 
 QUrl manualPage()
 {
-    return manualChapter(QString());
+    return manualFile(QStringLiteral("index.html"));
 }
 
 QUrl firmwareUpdatePage()
 {
-    return manualChapter(QStringLiteral("firmware"));
+    return manualFile(QStringLiteral("firmware.html"));
 }
 
 QUrl fontPage()
 {
-    return QUrl(QStringLiteral("https://mplus-fonts.osdn.jp/mplus-bitmap-fonts/"));
+    return QUrl(QStringLiteral("https://mplusfonts.github.io/"));
 }
 
 QUrl toolkitPage()

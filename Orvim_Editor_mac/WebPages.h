@@ -6,7 +6,7 @@ namespace orvim {
 
 /// The manual that is installed with the editor.
 QUrl manualPage();
-/// The manual's chapter on bringing the module's own software up to date.
+/// The manual's page on bringing the module's own software up to date.
 QUrl firmwareUpdatePage();
 /// The home of the fonts that the simulated screen is written in.
 QUrl fontPage();

@@ -26,7 +26,7 @@ must_not_match "drawing takes no toolkit" '#include *<Q' \
   $(sed -n '/target_sources(/,/)/p' Orvim_Editor_mac/simulator/CMakeLists.txt |
     awk '/OrvimEditorApp/ {exit} {print}' | grep -oE '[A-Za-z0-9]+\.cpp' | sed 's|^|Orvim_Editor_mac/simulator/|')
 must_not_match "a control knows no page and no long-lived object" \
-  '#include *"(pages/|MIDIOut|EditorRuntime|DisplaySimulatorState)' Orvim_Editor_mac/controls
+  '#include *"(pages/|simulator/|MIDIOut|EditorRuntime|DisplaySimulatorState)' Orvim_Editor_mac/controls
 must_not_match "platform knows no page" '#include *"(pages/|MIDIOutManager|EditorRuntime)' Orvim_Editor_mac/platform
 must_not_match "only the platform folder knows the machine's libraries" '#include *<(alsa/|sndfile)' \
   core ':(glob)Orvim_Editor_mac/*.h' ':(glob)Orvim_Editor_mac/*.cpp' Orvim_Editor_mac/pages Orvim_Editor_mac/controls

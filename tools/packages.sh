@@ -8,7 +8,7 @@ run_packages=(fonts-noto-cjk qt6-translations-l10n)
 virtual_display_packages=(xvfb xauth openbox xdotool imagemagick)
 test_packages=(
   libgtest-dev libgmock-dev libbenchmark-dev clang clang-format libclang-rt-14-dev
-  xvfb xauth openbox xfonts-mplus
+  xvfb xauth openbox xdotool xfonts-mplus
   qemu-system-x86 busybox-static cpio kmod
 )
 

@@ -1,6 +1,6 @@
 #include "controls/DotGridGeometry.h"
 
-#include "simulator/DisplayFields.h"
+#include "core/protocol/DotGrid.h"
 
 #include <cmath>
 
@@ -12,7 +12,7 @@ namespace {
 std::optional<int> indexAt(double position, int pitch)
 {
     const double index = std::trunc((position - DotGridGeometry::margin) / pitch);
-    if (!(index >= 0 && index < static_cast<double>(dotGridSize))) return std::nullopt;
+    if (!(index >= 0 && index < static_cast<double>(tonavelle::dotGridSize))) return std::nullopt;
     return static_cast<int>(index);
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 using namespace DotGridGeometry;
 
-constexpr int gridSize = static_cast<int>(dotGridSize);
+constexpr int gridSize = static_cast<int>(tonavelle::dotGridSize);
 // The colours of the module's own screen, in a light and in a dark theme alike.
 const QColor groundColor(0x10, 0x16, 0x22);
 const QColor unlitColor(0x21, 0x3A, 0x60);
@@ -37,7 +37,7 @@ DotGridView::DotGridView(QWidget* parent) : QWidget(parent)
     describe();
 }
 
-void DotGridView::setDots(const DotGrid& dots)
+void DotGridView::setDots(const tonavelle::DotGrid& dots)
 {
     if (m_dots == dots) return;
     m_dots = dots;
@@ -76,18 +76,33 @@ void DotGridView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) return QWidget::mousePressEvent(event);
     m_showsCursor = false;
+    m_isDragging = true;
     update();
     Q_EMIT dragged(event->position());
 }
 
 void DotGridView::mouseMoveEvent(QMouseEvent* event)
 {
-    if (event->buttons() & Qt::LeftButton) Q_EMIT dragged(event->position());
+    if (m_isDragging) Q_EMIT dragged(event->position());
 }
 
 void DotGridView::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton) Q_EMIT released();
+    if (event->button() == Qt::LeftButton) endDrag();
+}
+
+void DotGridView::hideEvent(QHideEvent* event)
+{
+    // The page can change under the pressed button, and the release then goes elsewhere.
+    endDrag();
+    QWidget::hideEvent(event);
+}
+
+void DotGridView::endDrag()
+{
+    if (!m_isDragging) return;
+    m_isDragging = false;
+    Q_EMIT released();
 }
 
 void DotGridView::keyPressEvent(QKeyEvent* event)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/DisplayFields.h"
+#include "core/protocol/DotGrid.h"
 
 #include <QWidget>
 
@@ -15,7 +15,7 @@ class DotGridView : public QWidget
 public:
     explicit DotGridView(QWidget* parent = nullptr);
 
-    void setDots(const DotGrid& dots);
+    void setDots(const tonavelle::DotGrid& dots);
     QSize sizeHint() const override;
 
 Q_SIGNALS:
@@ -31,14 +31,17 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void moveCursorBy(int dx, int dy);
+    void endDrag();
     void describe();
 
-    DotGrid m_dots{};
+    tonavelle::DotGrid m_dots{};
     int m_cursorX = 0;
     int m_cursorY = 0;
+    bool m_isDragging = false;
     bool m_showsCursor = false; ///< only who came by the keyboard needs it
 };
 

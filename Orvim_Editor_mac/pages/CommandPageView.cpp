@@ -24,11 +24,11 @@ namespace SysExBuilder = tonavelle::SysExBuilder;
 namespace {
 
 constexpr int buttonWidth = 144;
-constexpr int buttonColumns = 5;
+constexpr int buttonColumns = 4;
 constexpr int spacing = 8;
 constexpr int pageMargin = 16;
 constexpr int sectionSpacing = 14;
-constexpr int sectionWidth = 800;
+constexpr int sectionWidth = 720;
 constexpr int sliderWidth = 400;
 constexpr int valueWidth = 36;
 constexpr int swatchWidth = 96;
@@ -64,7 +64,7 @@ QPushButton* makeButton(const QString& title)
     return button;
 }
 
-/// Buttons in rows of five; the grid keeps to the left.
+/// Buttons in rows of four; the grid keeps to the left.
 class ButtonGrid
 {
 public:

@@ -1,10 +1,10 @@
 #include "pages/InformationPageView.h"
 
 #include "WebPages.h"
+#include "controls/LinkButton.h"
 #include "controls/PageScrollArea.h"
 
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace orvim {
@@ -27,22 +27,14 @@ QLabel* makeText(const QString& text, int pixelSize)
     return label;
 }
 
-QPushButton* makeLink(const QString& title, const QUrl& address)
+LinkButton* makeLink(const QString& title, const QUrl& address)
 {
-    auto* const link = new QPushButton(title);
-    link->setObjectName(title);
-    link->setFlat(true);
-    link->setAutoDefault(true); // Enter follows it like the space bar.
-    link->setCursor(Qt::PointingHandCursor);
+    auto* const link = new LinkButton(title);
     link->setToolTip(address.toDisplayString());
     QFont font = link->font();
     font.setPixelSize(textPixelSize);
-    font.setUnderline(true);
     link->setFont(font);
-    QPalette palette = link->palette();
-    palette.setColor(QPalette::ButtonText, palette.color(QPalette::Link));
-    link->setPalette(palette);
-    QObject::connect(link, &QPushButton::clicked, link, [address] { openWebPage(address); });
+    QObject::connect(link, &LinkButton::clicked, link, [address] { openWebPage(address); });
     return link;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/PerformanceMonitorState.h"
+#include "core/protocol/DotGrid.h"
 
 #include <array>
 #include <cstddef>
@@ -23,7 +24,13 @@ enum class DisplaySimulatorType : std::uint8_t {
 
 enum class DisplaySimulatorColorMode : std::uint8_t { standard = 0, gm2 = 1, gs = 2, xg = 3, user = 4 };
 enum class DisplaySimulatorSubDisplay : std::uint8_t { none = 0, over = 1, clip = 2 };
-enum class DisplaySimulatorSpecialMode : std::uint8_t { none = 0, knob = 1, error = 2, starting = 3, firmwareUpdate = 4 };
+enum class DisplaySimulatorSpecialMode : std::uint8_t {
+    none = 0,
+    knob = 1,
+    error = 2,
+    starting = 3,
+    firmwareUpdate = 4
+};
 enum class DisplaySimulatorErrorKind : std::uint8_t { vbusLow = 0, psramInit = 1, psramTest = 2, dac = 3 };
 
 /// An sRGB colour with components from 0 to 1.
@@ -36,8 +43,8 @@ struct DisplayColor {
     bool operator==(const DisplayColor&) const = default;
 };
 
-constexpr std::size_t dotGridSize = 16;
-using DotGrid = std::array<std::array<bool, dotGridSize>, dotGridSize>; ///< row by row, row 0 is the top
+using tonavelle::DotGrid;
+using tonavelle::dotGridSize;
 
 constexpr std::size_t arbitraryImageByteCount = 64 * 64 * 3;
 
@@ -49,12 +56,12 @@ struct DisplayFields {
     DisplaySimulatorType displayType = DisplaySimulatorType::initial;
     DisplaySimulatorColorMode colorMode = DisplaySimulatorColorMode::standard;
     DisplayColor lcdColorSet{63.0 / 127, 63.0 / 127, 63.0 / 127, 1}; ///< the last LCD colour set; no drawing reads it
-    std::int32_t foregroundRGB = 0x8EBCFC;              ///< text and lit dots
-    std::int32_t backgroundRGB = 0x213A60;              ///< header band and unlit dots
-    std::int32_t baseRGB = 0x000000;                    ///< background of the main area
-    std::int32_t oscilloscopeWaveRGB = 0xFFD700;        ///< the wave, and the trigger label when triggered
-    std::int32_t oscilloscopeUntriggeredRGB = 0x3D3300; ///< the zero line, and the trigger label otherwise
-    std::string asciiText = displayBanner;              ///< the two header rows in ASCII mode
+    std::int32_t foregroundRGB = 0x8EBCFC;                           ///< text and lit dots
+    std::int32_t backgroundRGB = 0x213A60;                           ///< header band and unlit dots
+    std::int32_t baseRGB = 0x000000;                                 ///< background of the main area
+    std::int32_t oscilloscopeWaveRGB = 0xFFD700;                     ///< the wave, and the trigger label when triggered
+    std::int32_t oscilloscopeUntriggeredRGB = 0x3D3300;              ///< the zero line, and the trigger label otherwise
+    std::string asciiText = displayBanner;                           ///< the two header rows in ASCII mode
     std::string japaneseUpper;
     std::string japaneseLower;
     bool isJapaneseMode = false;
@@ -73,13 +80,13 @@ struct DisplayFields {
     int steadyEye = 0; ///< 0...6, chosen by the user
     int mouth = 0;     ///< 0...8
     bool isBlinking = false;
-    int blinkState = 0;    ///< 0...71
-    DotGrid dotValues{};    ///< the dot matrix drawn now
-    DotGrid dotBarValues{}; ///< the bars, to which a dot picture yields after its time
+    int blinkState = 0;           ///< 0...71
+    DotGrid dotValues{};          ///< the dot matrix drawn now
+    DotGrid dotBarValues{};       ///< the bars, to which a dot picture yields after its time
     bool showsDotDisplay = false; ///< no drawing reads it
     std::vector<std::uint8_t> arbitraryImageRGB =
         std::vector<std::uint8_t>(arbitraryImageByteCount); ///< 64 by 64, R, G, B a pixel, rows from the top
-    int displayWindowScale = 1; ///< 1...3
+    int displayWindowScale = 1;                             ///< 1...3
     bool displayWindowShowsBorder = false;
     bool displayWindowAlwaysOnTop = false;
     bool displayWindowIsVisible = false;

@@ -20,8 +20,32 @@ TEST(EditorPage, PagesStandInTheOrderOfTheSidebar)
 
 TEST(EditorPage, RawValueIsTheNameOfTheCase)
 {
-    EXPECT_EQ(rawValue(EditorPage::command), QStringLiteral("command"));
-    EXPECT_EQ(rawValue(EditorPage::displaySimulatorSettings), QStringLiteral("displaySimulatorSettings"));
+    QStringList names;
+    for (const EditorPage page : allEditorPages)
+        names << rawValue(page);
+    const QStringList expected{
+        QStringLiteral("command"),
+        QStringLiteral("toneEditor"),
+        QStringLiteral("imageTransfer"),
+        QStringLiteral("samplingSound"),
+        QStringLiteral("lyrics"),
+        QStringLiteral("information"),
+        QStringLiteral("displaySimulatorSettings"),
+    };
+    EXPECT_EQ(names, expected);
+}
+
+TEST(EditorPage, EachPageHasItsSymbol)
+{
+    QStringList symbols;
+    for (const EditorPage page : allEditorPages)
+        symbols << symbol(page);
+    const QStringList expected{
+        QStringLiteral("terminal"),  QStringLiteral("slider.horizontal.3"), QStringLiteral("photo"),
+        QStringLiteral("waveform"),  QStringLiteral("text.quote"),          QStringLiteral("info.circle"),
+        QStringLiteral("gearshape"),
+    };
+    EXPECT_EQ(symbols, expected);
 }
 
 } // namespace

@@ -4,20 +4,25 @@
 #include "LogWindowView.h"
 #include "PageScaffold.h"
 #include "StatusLogBar.h"
+#include "WebPages.h"
 #include "controls/ElidedLabel.h"
 #include "controls/SwitchRow.h"
+#include "controls/ThemeColors.h"
 #include "simulator/DisplaySimulatorWindowView.h"
+#include "tests/app/support/Browser.h"
 #include "tests/app/support/PluggedRuntime.h"
 #include "tests/app/support/RecordingDialogs.h"
 #include "tests/support/Bytes.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -36,6 +41,16 @@ Window* topLevel()
     for (QWidget* const widget : QApplication::topLevelWidgets())
         if (auto* const window = qobject_cast<Window*>(widget)) return window;
     return nullptr;
+}
+
+/// Whether a pixel of the widget has exactly that colour.
+bool shows(QWidget& widget, const QColor& color)
+{
+    const QImage picture = widget.grab().toImage();
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            if (picture.pixelColor(x, y) == color) return true;
+    return false;
 }
 
 class MainWindowTest : public testing::Test
@@ -70,6 +85,7 @@ protected:
 TEST_F(MainWindowTest, OpensOnTheCommandPageWithItsTitleAndSize)
 {
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Orvim Editor for macOS (2026-07-11)"));
+    EXPECT_EQ(MainWindow(plugged.runtime, dialogs).size(), QSize(1270, 980));
     EXPECT_EQ(plugged.runtime.selectedPage(), EditorPage::command);
     EXPECT_TRUE(window.pages().page(EditorPage::command).isVisible());
     EXPECT_EQ(topLevel<LogWindowView>(), nullptr);
@@ -172,7 +188,59 @@ TEST_F(MainWindowTest, TheOnlyMenuIsHelpWithTheManual)
     const auto menus = window.menuBar()->actions();
     ASSERT_EQ(menus.size(), 1);
     EXPECT_EQ(menus[0]->menu()->actions().size(), 1);
-    EXPECT_EQ(menus[0]->menu()->actions()[0]->text(), QStringLiteral("Orvim Editor Help"));
+    QAction* const manual = menus[0]->menu()->actions()[0];
+    EXPECT_EQ(manual->text(), QStringLiteral("Orvim Editor Help"));
+    test::Browser browser;
+    manual->trigger();
+    EXPECT_EQ(browser.opened, QList<QUrl>{manualPage()});
+}
+
+TEST_F(MainWindowTest, AClickWithCtrlKeepsTheSelectedPageMarked)
+{
+    auto& list = control<QListWidget>("pageList");
+    const QRect row = list.visualItemRect(list.item(0));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, row.center());
+    EXPECT_TRUE(list.item(0)->isSelected());
+}
+
+TEST_F(MainWindowTest, TheStatusBarExplainsItself)
+{
+    QStringList captions;
+    for (const QLabel* const label : window.findChildren<QLabel*>())
+        captions << label->text();
+    EXPECT_TRUE(captions.contains(QStringLiteral("MIDI Out デバイス：")));
+    EXPECT_EQ(control<QWidget>("destinationPicker").toolTip(),
+              QStringLiteral("MIDI出力先を選択します。通常は「Tonavelle_mini」または「MIDIOUT2 "
+                             "(Tonavelle_mini)」を選択して下さい。"));
+    EXPECT_EQ(control<QWidget>("reloadDestinations").toolTip(), QStringLiteral("MIDI OUT一覧を更新"));
+}
+
+TEST_F(MainWindowTest, F5ListsTheDestinationsAnew)
+{
+    plugged.system.endpoints.push_back({9, "Other", {}});
+    QTest::keyClick(&window, Qt::Key_F5);
+    auto& picker = control<QComboBox>("destinationPicker");
+    EXPECT_TRUE(QTest::qWaitFor([&picker] { return picker.count() == 3; }));
+}
+
+TEST_F(MainWindowTest, EveryControlHasANameForWhoCannotSeeIt)
+{
+    plugged.runtime.setLogWindowIsVisible(true);
+    int controls = 0;
+    for (const EditorPage page : allEditorPages) {
+        plugged.runtime.setSelectedPage(page);
+        for (const QWidget* const widget : QApplication::allWidgets()) {
+            if (!(widget->focusPolicy() & Qt::TabFocus) || !widget->isVisible()) continue;
+            if (qobject_cast<const QScrollArea*>(widget) || widget->objectName().startsWith(QLatin1String("qt_")))
+                continue;
+            ++controls;
+            const auto* const button = qobject_cast<const QAbstractButton*>(widget);
+            const QString name = button && !button->text().isEmpty() ? button->text() : widget->accessibleName();
+            EXPECT_FALSE(name.isEmpty()) << widget->metaObject()->className() << qPrintable(widget->objectName());
+            EXPECT_FALSE(widget->objectName().isEmpty()) << widget->metaObject()->className() << qPrintable(name);
+        }
+    }
+    EXPECT_GE(controls, 100);
 }
 
 TEST_F(MainWindowTest, ThePickerListsTheDestinationsBehindNoChoice)
@@ -207,10 +275,16 @@ TEST_F(MainWindowTest, AnErrorIsShownInRedUntilTheNextSuccess)
     MIDIOutManager& manager = plugged.runtime.midiOutManager();
     manager.sendUIType(200);
     QCoreApplication::processEvents();
+    const QColor red = errorColor(window.palette());
+    const QColor green = successColor(window.palette());
+    EXPECT_TRUE(shows(control<QWidget>("statusIcon"), red));
+    EXPECT_TRUE(shows(control<QWidget>("statusMessage"), red));
     EXPECT_EQ(control<ElidedLabel>("statusMessage").text(), QStringLiteral("UI Typeは0〜127で指定してください。"));
     EXPECT_EQ(control<QWidget>("statusIcon").accessibleName(), QStringLiteral("エラー"));
     manager.sendUIType(2);
     QCoreApplication::processEvents();
+    EXPECT_TRUE(shows(control<QWidget>("statusIcon"), green));
+    EXPECT_FALSE(shows(control<QWidget>("statusMessage"), red));
     EXPECT_EQ(control<ElidedLabel>("statusMessage").text(), QStringLiteral("UI Type Set (2) を送信しました。"));
     EXPECT_EQ(control<QWidget>("statusIcon").accessibleName(), QStringLiteral("正常"));
 }

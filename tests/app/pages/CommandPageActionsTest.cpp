@@ -192,7 +192,29 @@ TEST_F(CommandPageActionsTest, ANewStrokeTogglesAgainAndJoinsNothing)
     EXPECT_EQ(litCount(), 1);
 }
 
-TEST_F(CommandPageActionsTest, TheGridIsShownAndThenSent)
+TEST_F(CommandPageActionsTest, TheGridAndTheColorsAreShownAndThenSent)
+{
+    std::vector<bool> dotWasShown;
+    plugged.system.onSend = [&] { dotWasShown.push_back(plugged.screen().dotValues[0][0]); };
+    dragTo(0, 0);
+    EXPECT_EQ(dotWasShown, std::vector<bool>{true});
+
+    std::vector<DisplaySimulatorColorMode> modeAtSend;
+    plugged.system.onSend = [&] { modeAtSend.push_back(plugged.screen().colorMode); };
+    actions.setRed(0);
+    EXPECT_EQ(modeAtSend, std::vector{DisplaySimulatorColorMode::user});
+}
+
+TEST_F(CommandPageActionsTest, AResetIsSentAndThenShown)
+{
+    std::vector<std::string> textAtSend;
+    plugged.system.onSend = [&] { textAtSend.push_back(plugged.screen().asciiText); };
+    actions.reset({"GSリセット", "GS Reset", tonavelle::SysExBuilder::gsReset});
+    EXPECT_EQ(textAtSend, std::vector<std::string>{displayBanner});
+    EXPECT_EQ(plugged.screen().asciiText, "GS Reset");
+}
+
+TEST_F(CommandPageActionsTest, ADotPictureIsOneMessageOf64DataBytes)
 {
     dragTo(0, 0);
     EXPECT_TRUE(plugged.screen().dotValues[0][0]);

@@ -111,10 +111,12 @@ TEST_F(CommandPageViewTest, EachResetIsShownUnderItsEnglishName)
 
 TEST_F(CommandPageViewTest, EveryScreenButtonShowsItsScreen)
 {
-    press(QStringLiteral("ウォーターフォール"));
-    EXPECT_EQ(plugged.screen().displayType, DisplaySimulatorType::waterfall);
-    press(QStringLiteral("初期画面"));
-    EXPECT_EQ(plugged.screen().displayType, DisplaySimulatorType::initial);
+    constexpr std::array<const char*, 7> titles{"初期画面",     "リップシンク", "ピアノロール",      "オシロスコープ",
+                                                "任意画像表示", "演奏モニタ",   "ウォーターフォール"};
+    for (std::size_t i = titles.size(); i-- > 0;) {
+        press(QString::fromUtf8(titles[i]));
+        EXPECT_EQ(static_cast<std::size_t>(plugged.screen().displayType), i) << titles[i];
+    }
 }
 
 TEST_F(CommandPageViewTest, AColorSliderSendsWithEachStepOfAnArrowKey)
@@ -140,10 +142,15 @@ TEST_F(CommandPageViewTest, ADragOfAColorSliderGivesAStreamOfMessages)
 
 TEST_F(CommandPageViewTest, ResettingTheFaceBringsThePickersBackWithoutAnyFaceSetMessage)
 {
+    auto& eyebrow = control<QComboBox>(QStringLiteral("眉："));
     auto& eye = control<QComboBox>(QStringLiteral("目："));
-    eye.setFocus();
-    QTest::keyClick(&eye, Qt::Key_Down);
-    QTest::keyClick(&eye, Qt::Key_Down);
+    auto& mouth = control<QComboBox>(QStringLiteral("口："));
+    for (QComboBox* const picker : {&eyebrow, &mouth, &eye}) {
+        picker->setFocus();
+        QTest::keyClick(picker, Qt::Key_Down);
+        QTest::keyClick(picker, Qt::Key_Down);
+        EXPECT_EQ(picker->currentIndex(), 2);
+    }
     EXPECT_EQ(plugged.sent().back(), bytes("F0 00 48 05 7F 10 02 02 F7"));
     EXPECT_EQ(plugged.screen().eye, 2);
 
@@ -152,7 +159,9 @@ TEST_F(CommandPageViewTest, ResettingTheFaceBringsThePickersBackWithoutAnyFaceSe
     QCoreApplication::processEvents();
     EXPECT_EQ(plugged.sent(), (Batch{bytes("F0 00 48 05 7F 03 01 F7"), bytes("F0 00 48 05 7F 10 00 00 F7"),
                                      bytes("F0 00 48 05 7F 04 00 F7")}));
+    EXPECT_EQ(eyebrow.currentText(), QStringLiteral("普通"));
     EXPECT_EQ(eye.currentText(), QStringLiteral("開く"));
+    EXPECT_EQ(mouth.currentText(), QStringLiteral("閉じる"));
 }
 
 TEST_F(CommandPageViewTest, PickersNameTheirPartsInOrder)
@@ -218,6 +227,19 @@ TEST_F(CommandPageViewTest, AClickOnTheDotGridTogglesOneCellAndADragALine)
     EXPECT_EQ(plugged.sent().size(), 3u);
     for (std::size_t x = 3; x <= 9; ++x)
         EXPECT_TRUE(plugged.screen().dotValues[0][x]) << x;
+}
+
+TEST_F(CommandPageViewTest, AStrokeEndsWhenThePageIsHiddenUnderThePressedButton)
+{
+    auto& grid = control<QWidget>(QStringLiteral("dotGrid"));
+    QTest::mousePress(&grid, Qt::LeftButton, {}, {10, 8});
+    page.hide();
+    page.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
+    QTest::mouseClick(&grid, Qt::LeftButton, {}, {5 + 16 * 9 + 4, 8});
+    EXPECT_FALSE(plugged.screen().dotValues[0][5]) << "no line joins the two strokes";
+    QTest::mouseClick(&grid, Qt::LeftButton, {}, {10, 8});
+    EXPECT_FALSE(plugged.screen().dotValues[0][0]) << "a new stroke toggles the cell again";
 }
 
 TEST_F(CommandPageViewTest, TheDotGridIsDrawnWithTheKeyboardToo)

@@ -1,43 +1,19 @@
 #include "pages/InformationPageView.h"
 
 #include "WebPages.h"
+#include "controls/LinkButton.h"
+#include "tests/app/support/Browser.h"
 
-#include <QDesktopServices>
+#include <QFile>
 #include <QLabel>
-#include <QPushButton>
 #include <QTest>
 
+#include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 
 namespace orvim {
 namespace {
-
-/// Stands in for the browser and keeps the addresses that it is asked to open.
-class Browser : public QObject
-{
-    Q_OBJECT
-
-public:
-    Browser()
-    {
-        for (const auto* const scheme : schemes)
-            QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), this, "open");
-    }
-
-    ~Browser() override
-    {
-        for (const auto* const scheme : schemes)
-            QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
-    }
-
-    QList<QUrl> opened;
-
-public Q_SLOTS:
-    void open(const QUrl& address) { opened << address; }
-
-private:
-    static constexpr std::array<const char*, 3> schemes{"file", "http", "https"};
-};
 
 TEST(InformationPageView, ThanksStandInTheirOwnWords)
 {
@@ -52,12 +28,12 @@ TEST(InformationPageView, ThanksStandInTheirOwnWords)
 
 TEST(InformationPageView, EachLinkOpensItsPageByKeyboard)
 {
-    Browser browser;
+    test::Browser browser;
     InformationPageView page;
     page.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
     for (const auto* const title : {"オンラインマニュアル", "本体ソフトウェア更新ページ", "M+ BITMAP FONTS", "Qt"}) {
-        auto* const link = page.findChild<QPushButton*>(QString::fromUtf8(title));
+        auto* const link = page.findChild<LinkButton*>(QString::fromUtf8(title));
         ASSERT_NE(link, nullptr) << title;
         link->setFocus(Qt::TabFocusReason);
         QTest::keyClick(link, Qt::Key_Return);
@@ -65,14 +41,39 @@ TEST(InformationPageView, EachLinkOpensItsPageByKeyboard)
     EXPECT_EQ(browser.opened, (QList<QUrl>{manualPage(), firmwareUpdatePage(), fontPage(), toolkitPage()}));
 }
 
+TEST(InformationPageView, ReadsFromTheManualDownToTheThanks)
+{
+    InformationPageView page;
+    page.show();
+    const auto heightOf = [&page](const QString& text) {
+        for (const QWidget* const widget : page.findChildren<QWidget*>()) {
+            const auto* const label = qobject_cast<const QLabel*>(widget);
+            if ((label && label->text() == text) || widget->objectName() == text)
+                return widget->mapTo(&page, QPoint()).y();
+        }
+        return -1;
+    };
+    const std::array<int, 4> heights{heightOf(QStringLiteral("オンラインマニュアル")),
+                                     heightOf(QStringLiteral("本体ソフトウェア更新ページ")),
+                                     heightOf(QStringLiteral("謝辞")), heightOf(QStringLiteral("M+ BITMAP FONTS"))};
+    EXPECT_GE(heights.front(), 0);
+    EXPECT_TRUE(std::ranges::is_sorted(heights));
+}
+
+TEST(WebPages, TheManualsPagesComeWithTheEditor)
+{
+    EXPECT_TRUE(manualPage().path().endsWith(QLatin1String("share/orvim-editor/manual/index.html")));
+    EXPECT_TRUE(firmwareUpdatePage().path().endsWith(QLatin1String("share/orvim-editor/manual/firmware.html")));
+    for (const auto* const name : {"index.html", "firmware.html", "manual.css"})
+        EXPECT_TRUE(QFile::exists(QStringLiteral(ORVIM_SOURCE_DIR "/resources/manual/") + QString::fromLatin1(name)));
+}
+
 TEST(WebPages, AnInvalidAddressOpensNothing)
 {
-    Browser browser;
+    test::Browser browser;
     openWebPage(QUrl());
     EXPECT_TRUE(browser.opened.isEmpty());
 }
 
 } // namespace
 } // namespace orvim
-
-#include "InformationPageViewTest.moc"

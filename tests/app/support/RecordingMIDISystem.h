@@ -105,6 +105,7 @@ public:
     {
         const std::scoped_lock lock(m_mutex);
         if (m_sent.size() >= failAfter) return sendStatus;
+        if (onSend) onSend();
         m_sent.push_back({endpoint, {message.begin(), message.end()}, lane});
         return 0;
     }
@@ -130,6 +131,7 @@ public:
     DeliveryFailure deliveryFailed;
     std::vector<MIDIEndpointRef> selections;
     std::vector<std::string> disposals;
+    std::function<void()> onSend; ///< called with each message that is taken
 
 private:
     mutable std::mutex m_mutex;
