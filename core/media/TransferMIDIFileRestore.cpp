@@ -19,12 +19,21 @@ using Bytes = std::span<const std::uint8_t>;
 constexpr std::size_t imageRowSize = 2 + ImageTransferBuilder::rowByteCount;
 constexpr std::size_t sectionSize = 2 + SamplingSoundBuilder::sectionSampleCount;
 constexpr std::size_t settingSize = 7;
+// The frame's head and command byte, the parameters, F7.
+constexpr std::size_t largestMessageSize = moduleFrameHead.size() + 1 + std::max(imageRowSize, sectionSize) + 1;
 
 /// Where a sound lies in the sound memory.
 struct SoundPlace {
     std::int64_t start;
     std::int64_t count;
 };
+
+/// The event's message; empty where it is longer than any that counts, for what overlaps in a damaged file must not be
+/// copied at length.
+Message transferMessage(const ParsedMIDIEvent& event)
+{
+    return event.messageSize() <= largestMessageSize ? event.message() : Message();
+}
 
 /// The parameters of the module's `command` in this message, if they are of that number.
 std::optional<Bytes> parametersOf(Bytes message, Command command, std::size_t count)
@@ -62,7 +71,8 @@ std::vector<std::vector<std::uint8_t>> restoreImages(std::span<const ParsedMIDIE
     constexpr std::size_t rowSize = width * bytesPerPixel;
     std::vector<std::vector<std::uint8_t>> pictures;
     for (const auto& event : events) {
-        const auto parameters = parametersOf(event.message, Command::imageRow, imageRowSize);
+        const Message message = transferMessage(event);
+        const auto parameters = parametersOf(message, Command::imageRow, imageRowSize);
         if (!parameters) continue;
         const std::size_t screen = (*parameters)[0];
         const std::size_t y = (*parameters)[1];
@@ -79,10 +89,11 @@ std::vector<SamplingSoundItem> restoreSounds(std::span<const ParsedMIDIEvent> ev
     std::map<std::size_t, SoundPlace> places;
     SoundSections sections;
     for (const auto& event : events) {
-        if (const auto section = parametersOf(event.message, Command::samplingSoundSection, sectionSize)) {
+        const Message message = transferMessage(event);
+        if (const auto section = parametersOf(message, Command::samplingSoundSection, sectionSize)) {
             const auto codes = section->subspan(2);
             sections[sevenBitNumber(section->first(2))].assign(codes.begin(), codes.end());
-        } else if (const auto setting = parametersOf(event.message, Command::samplingSoundSetting, settingSize)) {
+        } else if (const auto setting = parametersOf(message, Command::samplingSoundSetting, settingSize)) {
             if ((*setting)[0] >= SamplingSoundBuilder::maxSoundCount) continue;
             places[(*setting)[0]] = {sevenBitNumber(setting->subspan(1, 3)), sevenBitNumber(setting->subspan(4, 3))};
         }

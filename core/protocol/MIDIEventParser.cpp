@@ -5,20 +5,22 @@
 #include "core/text/ShiftJIS.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <tuple>
 #include <utility>
 
 namespace tonavelle {
 
-namespace {
-
 using namespace MIDIFileFormat;
+
+namespace {
 
 class EventParser
 {
 public:
-    explicit EventParser(std::span<const std::uint8_t> data) : m_bytes(data) {}
+    explicit EventParser(std::span<const std::uint8_t> data)
+        : m_file(std::make_shared<const Message>(data.begin(), data.end())), m_bytes(*m_file)
+    {
+    }
 
     std::vector<ParsedMIDIEvent> parse()
     {
@@ -84,29 +86,18 @@ private:
     {
         const std::uint8_t type = m_bytes.byte();
         const auto data = m_bytes.bytes(m_bytes.variableLengthQuantity());
-        ParsedMIDIEvent event = nextEvent();
-        event.metaType = type;
-        if (type == textMetaType || type == lyricMetaType) event.text = decodeText(data);
-        m_events.push_back(std::move(event));
+        store(metaStatus, type, data);
     }
 
     void parseSysEx(std::uint8_t status)
     {
-        const auto data = m_bytes.bytes(m_bytes.variableLengthQuantity());
-        ParsedMIDIEvent event = nextEvent();
-        const std::ptrdiff_t statusCount = status == sysExStatus ? 1 : 0;
-        event.message.assign(data.size() + static_cast<std::size_t>(statusCount), status);
-        std::ranges::copy(data, event.message.begin() + statusCount);
-        m_events.push_back(std::move(event));
+        store(status, std::nullopt, m_bytes.bytes(m_bytes.variableLengthQuantity()));
     }
 
-    ParsedMIDIEvent nextEvent()
+    void store(std::uint8_t status, std::optional<std::uint8_t> metaType, std::span<const std::uint8_t> data)
     {
-        ParsedMIDIEvent event;
-        event.absoluteTick = m_tick;
-        event.trackIndex = m_trackIndex;
-        event.order = static_cast<std::int64_t>(m_events.size());
-        return event;
+        const auto order = static_cast<std::int64_t>(m_events.size());
+        m_events.push_back({m_tick, m_trackIndex, order, status, metaType, data, m_file});
     }
 
     void expectTag(std::span<const std::uint8_t> tag)
@@ -114,6 +105,7 @@ private:
         if (!std::ranges::equal(m_bytes.bytes(tag.size()), tag)) throw MIDIEventParserError();
     }
 
+    std::shared_ptr<const Message> m_file;
     ByteReader m_bytes;
     std::vector<ParsedMIDIEvent> m_events;
     std::int64_t m_trackIndex = 0;
@@ -122,6 +114,25 @@ private:
 };
 
 } // namespace
+
+std::size_t ParsedMIDIEvent::messageSize() const
+{
+    if (metaType) return 0;
+    return data.size() + (status == sysExStatus ? 1 : 0);
+}
+
+Message ParsedMIDIEvent::message() const
+{
+    Message message(messageSize(), status);
+    if (!metaType) std::ranges::copy_backward(data, message.end());
+    return message;
+}
+
+std::optional<std::string> ParsedMIDIEvent::text() const
+{
+    if (metaType != textMetaType && metaType != lyricMetaType) return std::nullopt;
+    return decodeText(data);
+}
 
 std::vector<ParsedMIDIEvent> parseMIDIEvents(std::span<const std::uint8_t> data)
 {

@@ -64,7 +64,7 @@ TEST_F(MIDIFileLoaders, EventsComeFromTheFile)
 {
     const auto events = parseMIDIEvents(written(fileWithTrack("05 F0 03 01 02 F7")));
     ASSERT_EQ(events.size(), 1u);
-    EXPECT_EQ(events[0].message, bytes("F0 01 02 F7"));
+    EXPECT_EQ(events[0].message(), bytes("F0 01 02 F7"));
     EXPECT_EQ(readSimpleMIDIFile(written(fileWithTrack("05 F0 03 01 02 F7"))).tracks.at(0).events.at(0).absoluteTime,
               5);
 }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <gmock/gmock.h>
+#include <memory>
 #include <random>
 #include <vector>
 
@@ -56,12 +57,14 @@ std::vector<ParsedMIDIEvent> writtenAndParsed(const std::vector<Event>& events)
     return parseMIDIEvents(SimpleMIDIFileBuilder::wpfStyleSequence(events, ticksPerQuarterNote));
 }
 
-/// A parsed event of this message alone.
+/// Events of these messages, whatever they begin with.
 std::vector<ParsedMIDIEvent> parsed(const std::vector<Message>& messages)
 {
     std::vector<ParsedMIDIEvent> events;
-    for (const auto& message : messages)
-        events.push_back({.message = message});
+    for (const auto& message : messages) {
+        const auto file = std::make_shared<const Message>(message);
+        events.push_back({.status = 0xF7, .data = *file, .file = file});
+    }
     return events;
 }
 
