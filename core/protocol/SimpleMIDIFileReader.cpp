@@ -20,6 +20,8 @@ constexpr std::uint16_t timeCodeDivision = 0x8000;
 constexpr std::uint16_t ticksForTimeCode = 480;
 // A note under running status, the event that long tracks are made of: delta, two data bytes.
 constexpr std::size_t usualEventSize = 3;
+// As many as a track of 3 MB may hold. A long track may as well be a single message, which needs no room for more.
+constexpr std::size_t largestReserve = 1'000'000;
 
 /// The data bytes of a channel message, by its upper nibble.
 int channelDataByteCount(std::uint8_t status)
@@ -57,7 +59,7 @@ class TrackReader
 public:
     TrackReader(std::span<const std::uint8_t> slice, EventByteArena& arena) : m_bytes(slice), m_arena(arena)
     {
-        m_track.events.reserve(slice.size() / usualEventSize);
+        m_track.events.reserve(std::min(slice.size() / usualEventSize, largestReserve));
     }
 
     SimpleMIDITrack read()

@@ -350,6 +350,40 @@ TEST(SimpleMIDIFileReader, EveryTrackCutAnywhereReadsOrEndsTooEarly)
     }
 }
 
+/// A file with one track that repeats `event`, hexadecimal, for 1.2 MB.
+Message fileRepeating(std::string_view event)
+{
+    const auto length = SimpleMIDIFileBuilder::encodeUInt32BigEndian(1'200'000);
+    Message file =
+        joined({bytes("4D 54 68 64 00 00 00 06 00 01 00 01 01 E0 4D 54 72 6B"), {length.begin(), length.end()}});
+    const std::size_t size = file.size() + 1'200'000;
+    for (const Message one = bytes(event); file.size() < size;)
+        file.insert(file.end(), one.begin(), one.end());
+    return file;
+}
+
+TEST(SimpleMIDIFileReader, AMegabyteOfTheShortestEventsTakesSixteenBytesAnEvent)
+{
+    EXPECT_EQ(sizeof(SimpleMIDITimedEvent), 16u);
+    const auto texts = SimpleMIDIFileReader::read(fileRepeating("00 FF 01 00"));
+    ASSERT_EQ(texts.tracks.at(0).events.size(), 300'000u);
+    EXPECT_EQ(texts.tracks[0].events.back().message, bytes("FF 01 00"));
+    const auto sysExes = SimpleMIDIFileReader::read(fileRepeating("00 F0 00"));
+    ASSERT_EQ(sysExes.tracks.at(0).events.size(), 400'000u);
+    EXPECT_EQ(sysExes.tracks[0].events.back().message, bytes("F0 F7"));
+    for (const auto& event : sysExes.tracks[0].events)
+        ASSERT_TRUE(event.message.isInline());
+}
+
+TEST(SimpleMIDIFileReader, ALongTrackOfOneMessageTakesNoRoomForMany)
+{
+    const Message sysEx = joined({bytes("F0"), Message(12'000'000, 0x22), bytes("F7")});
+    const auto file = SimpleMIDIFileReader::read(SimpleMIDIFileBuilder::file(1, 480, {{{{{0, sysEx}}}}}));
+    ASSERT_EQ(file.tracks.at(0).events.size(), 1u);
+    EXPECT_EQ(file.tracks[0].events[0].message, sysEx);
+    EXPECT_LE(file.tracks[0].events.capacity(), 1'000'000u);
+}
+
 TEST(SimpleMIDIFileReader, AMegabyteOfGarbageIsReadOrRejected)
 {
     std::mt19937 random(1);
