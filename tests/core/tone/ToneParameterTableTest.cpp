@@ -1,13 +1,80 @@
 #include "core/tone/ToneParameterTable.h"
 
-#include <gtest/gtest.h>
+#include <array>
+#include <gmock/gmock.h>
 #include <set>
+#include <string_view>
 
 namespace tonavelle {
 namespace {
 
 using ID = ToneParameterID;
 using Kind = ToneCarrier::Kind;
+using testing::ElementsAre;
+
+struct Row {
+    ID id;
+    std::string_view label;
+    int lowest;
+    int highest;
+    int standard;
+};
+
+// clang-format off
+constexpr std::array<Row, 39> labelsAndRanges{{
+    {ID::reverbType,           "Reverb Type", 0, 2, 0},
+    {ID::chorusDepth,          "Chorus Depth", 0, 127, 100},
+    {ID::chorusFrequency,      "Chorus Freq", 0, 127, 9},
+    {ID::delayTime,            "Delay Time", 0, 127, 127},
+    {ID::delayFeedbackGain,    "Delay Feedback Gain", 0, 127, 120},
+    {ID::masterVolume,         "Master Volume", 0, 127, 127},
+    {ID::drumTrackSetting,     "Drum Track Setting", 0, 1, 0},
+    {ID::bankKind,             "Bank Select / Program Change", 0, 1, 0},
+    {ID::programChange,        "Bank Select / Program Change", 0, 127, 0},
+    {ID::reverbSend,           "Reverb", 0, 127, 20},
+    {ID::chorusSend,           "Chorus", 0, 127, 0},
+    {ID::delaySend,            "Delay", 0, 127, 0},
+    {ID::distortionType,       "Dist Type", 0, 3, 0},
+    {ID::distortionLevel,      "Dist Level", 0, 127, 127},
+    {ID::distortionGain,       "Dist Gain", 0, 127, 64},
+    {ID::cutOff,               "Cut Off", -64, 63, 0},
+    {ID::resonance,            "Resonance", -64, 63, 0},
+    {ID::unisonNumber,         "Unison Num", 0, 127, 0},
+    {ID::unisonDetune,         "Unison Detune", -64, 63, 0},
+    {ID::volume,               "Volume", 0, 127, 100},
+    {ID::expression,           "Expression", 0, 127, 127},
+    {ID::panpot,               "Panpot", -64, 63, 0},
+    {ID::vibratoRate,          "Vibrato Rate", -64, 63, 0},
+    {ID::pitchBendSensitivity, "PB Sensitivity", 0, 127, 2},
+    {ID::fineTuning,           "Fine Tuning", -8192, 8191, 0},
+    {ID::coarseTuning,         "Coarse Tuning", -64, 63, 0},
+    {ID::waveType,             "Wave Type", 0, 11, 0},
+    {ID::waveNumber,           "Wave Num", 0, 12, 0},
+    {ID::ringModMultiply,      "Ringmod Multiply", 0, 127, 31},
+    {ID::ringModGain,          "Ringmod Gain", 0, 127, 70},
+    {ID::attack,               "Attack Time", 0, 127, 0},
+    {ID::decay,                "Decay Time", 0, 127, 5},
+    {ID::sustainLevel,         "Sustain Level", 0, 127, 90},
+    {ID::sustainRate,          "Sustain Rate", 0, 127, 12},
+    {ID::release,              "Release Time", 0, 127, 0},
+    {ID::isReleaseActive,      "Release Active", 0, 1, 1},
+    {ID::sweepType,            "Sweep Type", 0, 2, 2},
+    {ID::sweepSpeed,           "Sweep Speed", 0, 127, 0},
+    {ID::outputGain,           "Output Gain", 0, 127, 48},
+}};
+// clang-format on
+
+TEST(ToneParameterTable, HasTheseLabelsRangesAndDefaults)
+{
+    for (const Row& expected : labelsAndRanges) {
+        const ToneParameter& row = toneParameter(expected.id);
+        EXPECT_EQ(row.label, expected.label);
+        EXPECT_EQ(row.range, (ToneValueRange{expected.lowest, expected.highest})) << expected.label;
+        const int standard =
+            isMasterParameter(row) ? value(row, MasterToneParameters()) : value(row, ChannelToneParameters());
+        EXPECT_EQ(standard, expected.standard) << expected.label;
+    }
+}
 
 TEST(ToneParameterTable, HoldsSixMasterAndThirtyThreeChannelParameters)
 {
@@ -38,18 +105,6 @@ TEST(ToneParameterTable, PatchesCarryThirteenParametersInTheirBytes)
     for (const ToneParameter& row : toneParameterRows())
         if (row.patchOffset != 0) offsets.insert(row.patchOffset);
     EXPECT_EQ(offsets, (std::set<std::size_t>{10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 23}));
-}
-
-TEST(ToneParameterTable, DefaultsLieInTheirRanges)
-{
-    for (const ToneParameter& row : masterToneParameterRows()) {
-        EXPECT_GE(value(row, MasterToneParameters()), row.range.lowest) << row.label;
-        EXPECT_LE(value(row, MasterToneParameters()), row.range.highest) << row.label;
-    }
-    for (const ToneParameter& row : channelToneParameterRows()) {
-        EXPECT_GE(value(row, ChannelToneParameters()), row.range.lowest) << row.label;
-        EXPECT_LE(value(row, ChannelToneParameters()), row.range.highest) << row.label;
-    }
 }
 
 TEST(ToneParameterTable, EveryValueInRangeComesBackFromTheWire)
@@ -128,8 +183,9 @@ TEST(ToneParameterTable, ControlsAreNamedAsTheirSendsButForThreeOfThem)
     EXPECT_EQ(toneParameter(ID::bankKind).label, "Bank Select / Program Change");
     EXPECT_EQ(toneParameter(ID::programChange).caption(), "");
     EXPECT_EQ(toneParameter(ID::programChange).label, "Bank Select / Program Change");
+    const std::set<ID> named{ID::drumTrackSetting, ID::bankKind, ID::programChange};
     for (const ToneParameter& row : toneParameterRows())
-        EXPECT_EQ(row.caption(), row.controlLabel ? *row.controlLabel : row.label);
+        EXPECT_EQ(row.caption() == row.label, !named.contains(row.id)) << row.label;
 }
 
 TEST(ToneParameterTable, GroupsHaveTheirCaptions)
@@ -141,13 +197,20 @@ TEST(ToneParameterTable, GroupsHaveTheirCaptions)
     EXPECT_EQ(caption(toneParameter(ID::outputGain).group), "音の大きさ");
 }
 
-TEST(ToneParameterTable, NamesTheWavesAndSweeps)
+TEST(ToneParameterTable, NamesTheValuesThatAreChosenByName)
 {
-    EXPECT_EQ(toneParameter(ID::waveType).choices[7], "PCM Reverse");
-    EXPECT_EQ(toneParameter(ID::waveType).choices[8], "User Wave 1");
-    EXPECT_EQ(toneParameter(ID::sweepType).choices[2], "NONE");
-    EXPECT_EQ(toneParameter(ID::distortionType).choices[3], "Assym");
-    EXPECT_TRUE(toneParameter(ID::waveNumber).choices.empty());
+    EXPECT_THAT(toneParameter(ID::reverbType).choices, ElementsAre("Normal", "Hall", "Room"));
+    EXPECT_THAT(toneParameter(ID::drumTrackSetting).choices, ElementsAre("Melody", "Drum"));
+    EXPECT_THAT(toneParameter(ID::bankKind).choices, ElementsAre("Preset", "User"));
+    EXPECT_THAT(toneParameter(ID::distortionType).choices, ElementsAre("OFF", "Hard Clip", "Soft Clip", "Assym"));
+    EXPECT_THAT(toneParameter(ID::waveType).choices,
+                ElementsAre("SINE", "SQUARE", "TRIANGLE", "SAW", "WHITE NOISE", "PINK NOISE", "PCM", "PCM Reverse",
+                            "User Wave 1", "User Wave 2", "User Wave 3", "User Wave 4"));
+    EXPECT_THAT(toneParameter(ID::sweepType).choices, ElementsAre("UP", "DOWN", "NONE"));
+    const std::set<ID> named{ID::reverbType,     ID::drumTrackSetting, ID::bankKind,
+                             ID::distortionType, ID::waveType,         ID::sweepType};
+    for (const ToneParameter& row : toneParameterRows())
+        EXPECT_EQ(row.choices.empty(), !named.contains(row.id)) << row.label;
 }
 
 } // namespace

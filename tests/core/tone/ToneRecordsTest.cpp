@@ -1,5 +1,8 @@
 #include "core/tone/ToneRecords.h"
 
+#include "core/tone/ToneParameterTable.h"
+
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace tonavelle {
@@ -86,11 +89,50 @@ TEST(ChannelToneParameters, UserBankIsBankSelectSixteen)
     EXPECT_EQ(ChannelToneParameters().bankSelectMSB(), 0);
 }
 
-TEST(ToneRecords, DifferInAnySingleField)
+/// A value of the parameter's range other than `standard`.
+int otherValue(const ToneParameter& row, int standard)
 {
-    EXPECT_NE(ChannelToneParameters(), ChannelToneParameters({.coarseTuning = 1}));
-    EXPECT_NE(MasterToneParameters(), MasterToneParameters({.masterVolume = 1}));
-    EXPECT_NE(ImportedUserPatch(), (ImportedUserPatch{.name = {}, .parameters = {}, .noteNumber = 1}));
+    return standard == row.range.highest ? row.range.lowest : row.range.highest;
+}
+
+TEST(ToneRecords, DifferInAnySingleValue)
+{
+    for (const ToneParameter& row : masterToneParameterRows()) {
+        MasterToneParameters master;
+        setValue(row, master, otherValue(row, value(row, master)));
+        EXPECT_NE(master, MasterToneParameters()) << row.label;
+    }
+    for (const ToneParameter& row : channelToneParameterRows()) {
+        ChannelToneParameters channel;
+        setValue(row, channel, otherValue(row, value(row, channel)));
+        EXPECT_NE(channel, ChannelToneParameters()) << row.label;
+    }
+}
+
+TEST(ImportedUserPatch, DiffersInAnySingleField)
+{
+    const ImportedUserPatch patch;
+    EXPECT_EQ(patch, ImportedUserPatch());
+    EXPECT_NE(patch, (ImportedUserPatch{.name = "A", .parameters = {}}));
+    EXPECT_NE(patch, (ImportedUserPatch{.name = {}, .parameters = ChannelToneParameters({.attack = 1})}));
+    EXPECT_NE(patch, (ImportedUserPatch{.name = {}, .parameters = {}, .noteNumber = 1}));
+}
+
+TEST(ImportedToneData, DiffersInAnySingleField)
+{
+    const auto changed = [](const std::function<void(ImportedToneData&)>& change) {
+        ImportedToneData data;
+        change(data);
+        return data;
+    };
+    const ImportedToneData data;
+    EXPECT_EQ(data, ImportedToneData());
+    EXPECT_NE(data, changed([](ImportedToneData& other) { other.master.masterVolume = 1; }));
+    EXPECT_NE(data, changed([](ImportedToneData& other) { other.channels.resize(1); }));
+    EXPECT_NE(data, changed([](ImportedToneData& other) { other.userMelodies.resize(1); }));
+    EXPECT_NE(data, changed([](ImportedToneData& other) { other.userDrums.resize(1); }));
+    EXPECT_NE(data, changed([](ImportedToneData& other) { other.userDrumName.push_back('A'); }));
+    EXPECT_NE(data, changed([](ImportedToneData& other) { other.userWaveforms.resize(1); }));
 }
 
 } // namespace
