@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <numbers>
 
 namespace tonavelle {
@@ -167,6 +167,7 @@ TEST(Formula, SignsRepeatAndStandInsideATerm)
 {
     EXPECT_EQ(evaluateFormula("--1"), constant(32767));
     EXPECT_EQ(evaluateFormula("-+-+1"), constant(32767));
+    EXPECT_EQ(evaluateFormula("2 * -3"), constant(-32768)) << "-6, limited";
     EXPECT_EQ(evaluateFormula("2 * -3 / 12"), constant(-16384));
     EXPECT_EQ(evaluateFormula("2 * -3 + 6.5"), constant(16384));
 }
@@ -292,12 +293,24 @@ TEST(Formula, AFullDutyIsFullWhereThePhaseRoundsUpToAWholeTurn)
     EXPECT_EQ(evaluateFormula("squ2(1, -1e-300)"), constant(32767));
 }
 
+TEST(Formula, TheHelpNamesAllThatTheLanguageOffers)
+{
+    EXPECT_EQ(
+        formulaHelpText,
+        "数式を入力できます。\n\n関数:\nsin(rad): サイン波\ncos(rad): コサイン波\nsaw(rad): のこぎり波\n"
+        "squ(rad): 矩形波\nsqu2(duty, rad): 矩形波(duty比0〜1)\ntri(rad): 三角波\nabs(x): 絶対値\n"
+        "pow(x,y): xのy乗\n\n定数:\npi: 円周率\n\n変数:\nt: 時間軸。0以上2π未満まで動く。\n\n演算:\n+, -, *, /, ( )");
+}
+
 TEST(Formula, TheSamplesOfferedToTheUserAreValid)
 {
-    expectSamples("pow( ( (t - pi) / pi) , 3)", [](double t) { return std::pow((t - pi) / pi, 3); });
-    expectSamples("sin(7 * t) * saw(t)", [](double t) { return std::sin(7 * t) * (2 * t / (2 * pi) - 1); });
-    for (const std::string_view formula : UserWaveformBuilder::formulaSamples)
-        EXPECT_EQ(wordOf(formula), "") << formula;
+    EXPECT_THAT(UserWaveformBuilder::formulaSamples,
+                testing::ElementsAre(
+                    "pow( ( (t - pi) / pi) , 3)", "sin(7 * t) * saw(t)",
+                    "abs( (squ(t) / 2 + 0.5) * tri( 2 * t + pi / 2) ) - abs( (-squ(t) / 2 + 0.5) * sin(2 * t) )"));
+    expectSamples(UserWaveformBuilder::formulaSamples[0], [](double t) { return std::pow((t - pi) / pi, 3); });
+    expectSamples(UserWaveformBuilder::formulaSamples[1],
+                  [](double t) { return std::sin(7 * t) * (2 * t / (2 * pi) - 1); });
     const UserWaveform third = evaluateFormula(UserWaveformBuilder::formulaSamples[2]);
     EXPECT_EQ(third[512], 0);
     EXPECT_EQ(third[1280], -32768);
