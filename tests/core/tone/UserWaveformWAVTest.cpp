@@ -134,6 +134,24 @@ TEST(SamplesFromWAVData, RefusesAChunkThatEndsPastTheFileWhateverItIs)
     expectRefused(joined({riff, monoFormat, dataChunk(ramp(2048)), bytes("4C 49 53 54 FF FF FF FF 00")}));
 }
 
+TEST(SamplesFromWAVData, WalksAMegabyteOfEmptyChunks)
+{
+    const File empty = bytes("4C 49 53 54 00 00 00 00");
+    File chunks;
+    while (chunks.size() < 1'200'000)
+        chunks.insert(chunks.end(), empty.begin(), empty.end());
+    EXPECT_EQ(samplesFromWAVData(joined({riff, monoFormat, chunks, dataChunk(ramp(2048))})), ramp(2048));
+    expectRefused(joined({riff, monoFormat, chunks}));
+}
+
+TEST(SamplesFromWAVData, AMegabyteOfDataFillsNoMoreThanTheWaveform)
+{
+    const UserWaveform samples = samplesFromWAVData(joined({riff, monoFormat, dataChunk(ramp(600'000))}));
+    ASSERT_EQ(samples.size(), 2048u);
+    EXPECT_EQ(samples.front(), -30'000);
+    EXPECT_EQ(samples.back(), ramp(600'000).back());
+}
+
 TEST(SamplesFromWAVData, DoesNotLookAtFewerThanEightBytesAtTheEnd)
 {
     const File rest = bytes("4C 49 53 54 FF FF FF");
