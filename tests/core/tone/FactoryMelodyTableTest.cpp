@@ -42,6 +42,17 @@ TEST(FactoryMelodyTable, NamesThe128ProgramsInOrder)
         EXPECT_EQ(presets[i].name, names[i]);
 }
 
+TEST(FactoryMelodyTable, ANameKeepsItsNumberAndItsLastBlankAndColon)
+{
+    EXPECT_EQ(factoryMelodyPresets().at(40).name, "041:Violin :");
+    const auto presets = parseMelodyTable("header\n"
+                                          "041:Violin :,NOTE_MELODY,SAW,0,0,0,SWEEP_NONE,0,0,0,0,0,0,0,0,\n"
+                                          " 7:Odd ,NOTE_MELODY,SAW,0,0,0,SWEEP_NONE,0,0,0,0,0,0,0,0,\n");
+    ASSERT_EQ(presets.size(), 2u);
+    EXPECT_EQ(presets[0].name, "041:Violin :") << "the number is the table's, not the row's";
+    EXPECT_EQ(presets[1].name, " 7:Odd ");
+}
+
 TEST(FactoryMelodyTable, FirstPresetIsTheSoundOfTheDefaultChannel)
 {
     ChannelToneParameters channel({.isReleaseActive = false, .waveType = 5, .attack = 99});

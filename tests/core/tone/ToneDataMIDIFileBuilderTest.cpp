@@ -18,6 +18,7 @@ namespace {
 
 using orvim::test::bytes;
 using orvim::test::matchesGolden;
+using testing::AnyOf;
 using testing::ElementsAre;
 
 using Bytes = std::vector<std::uint8_t>;
@@ -73,13 +74,19 @@ TEST(ToneDataMIDIFileBuilder, UntouchedFileHas18TracksAndChannelsThirtyTicksApar
     EXPECT_THAT(ticksOf(channelTrack(file, 16), "---- Track Setup"), ElementsAre(940));
 }
 
-TEST(ToneDataMIDIFileBuilder, MelodyChannelHasThirteenSoundDetailGroups)
+TEST(ToneDataMIDIFileBuilder, EveryMelodyChannelHasThirteenSoundDetailGroups)
 {
     const SimpleMIDIFile file = fileWithUserMessages(0);
-    const SimpleMIDITrack& track = channelTrack(file, 1);
-    EXPECT_THAT(ticksOf(track, "---- Sound Detail"), ElementsAre(490 + 125));
-    EXPECT_THAT(ticksOf(track, "---- End of CH Setup"), ElementsAre(490 + 195));
-    EXPECT_EQ(eventCountBetween(track, 490 + 130, 490 + 190), 10u * 4 + 3) << "ten NRPN and three controllers";
+    for (std::size_t channel = 1; channel <= 16; ++channel) {
+        if (channel == 10) continue;
+        const SimpleMIDITrack& track = channelTrack(file, channel);
+        const std::int64_t start = 460 + 30 * static_cast<std::int64_t>(channel);
+        EXPECT_THAT(ticksOf(track, "---- Sound Detail"), ElementsAre(start + 125));
+        EXPECT_THAT(ticksOf(track, "---- End of CH Setup"), ElementsAre(start + 195));
+        EXPECT_EQ(eventCountBetween(track, start + 126, start + 194), 10u * 4 + 3) << "ten NRPN and three controllers";
+        for (std::int64_t tick = start + 130; tick <= start + 190; tick += 5)
+            EXPECT_THAT(eventCountBetween(track, tick, tick), AnyOf(4u, 1u)) << channel << " at " << tick;
+    }
 }
 
 TEST(ToneDataMIDIFileBuilder, DrumChannelHasNoSoundDetailButItsText)
@@ -89,6 +96,7 @@ TEST(ToneDataMIDIFileBuilder, DrumChannelHasNoSoundDetailButItsText)
     constexpr std::int64_t start = 490 + 9 * 30;
     EXPECT_THAT(ticksOf(track, "---- Sound Detail"), ElementsAre(start + 125));
     EXPECT_THAT(ticksOf(track, "---- End of CH Setup"), ElementsAre(start + 130));
+    EXPECT_EQ(eventCountBetween(track, start + 126, start + 1000), 1u) << "the end of the set-up alone";
     EXPECT_EQ(track.events.back().absoluteTime, start + 130);
 }
 

@@ -1,11 +1,14 @@
 #include "core/tone/ToneDataMIDIImporter.h"
 
+#include "core/protocol/SimpleMIDIFileBuilder.h"
+#include "core/protocol/SimpleMIDIFileReader.h"
 #include "core/tone/FactoryMelodyTable.h"
 #include "core/tone/ToneInstrument.h"
 #include "core/tone/ToneModuleModel.h"
 #include "core/tone/UserWaveformBuilder.h"
 #include "tests/core/tone/NumberedSound.h"
 #include "tests/support/Bytes.h"
+#include "tests/support/MIDIFiles.h"
 
 #include <gtest/gtest.h>
 #include <initializer_list>
@@ -16,6 +19,7 @@ namespace tonavelle {
 namespace {
 
 using orvim::test::bytes;
+using orvim::test::joined;
 
 struct Event {
     std::int64_t time;
@@ -33,6 +37,13 @@ SimpleMIDITrack track(std::initializer_list<Event> events)
 ImportedToneData imported(const SimpleMIDIFile& file, ImportedToneData base = factoryToneData())
 {
     return ToneDataMIDIImporter::importData(file, std::move(base), applyFactoryPreset);
+}
+
+ImportedToneData importedMessage(const Message& message, ImportedToneData base = factoryToneData())
+{
+    SimpleMIDIFile file;
+    file.tracks.push_back({{{0, message}}});
+    return imported(file, std::move(base));
 }
 
 /// The import of one track whose messages stand a tick apart.
@@ -205,6 +216,29 @@ TEST(ToneDataMIDIImporter, ControllersSetTheirFields)
                                                        .vibratoRate = 0}));
 }
 
+TEST(ToneDataMIDIImporter, ControllersAndTheirValuesKeepSevenBits)
+{
+    EXPECT_EQ(channel(importedMessages({"B0 87 D0"}), 1).volume, 80);
+    EXPECT_EQ(importedMessages({"B0 87 D0"}), importedMessages({"B0 07 50"}));
+    EXPECT_EQ(importedMessages({"B0 E3 82", "B0 E2 80", "B0 86 85"}),
+              importedMessages({"B0 63 02", "B0 62 00", "B0 06 05"}));
+}
+
+TEST(ToneDataMIDIImporter, AMegabyteOfControllersEndsOnTheLastValues)
+{
+    const auto length = SimpleMIDIFileBuilder::encodeUInt32BigEndian(1'200'001);
+    Message data = joined({bytes("4D 54 68 64 00 00 00 06 00 01 00 01 01 E0 4D 54 72 6B"),
+                           {length.begin(), length.end()},
+                           bytes("00 B0 07 00")});
+    for (std::uint32_t i = 1; i < 400'000; ++i)
+        data.insert(data.end(), {0x00, 0x07, static_cast<std::uint8_t>(i & 0x7F)});
+    const SimpleMIDIFile file = SimpleMIDIFileReader::read(data);
+    ASSERT_EQ(file.tracks.at(0).events.size(), 400'000u);
+    ImportedToneData expected = factoryToneData();
+    expected.channels[0].volume = 399'999 & 0x7F;
+    EXPECT_EQ(imported(file), expected);
+}
+
 TEST(ToneDataMIDIImporter, ControllersWithoutAFieldAreIgnored)
 {
     for (int controller = 0; controller < 128; ++controller) {
@@ -320,6 +354,36 @@ TEST(ToneDataMIDIImporter, PatchParametersSetASoundAndNothingElse)
     expected.userDrums[38].parameters = test::numberedSound();
     expected.userDrums[38].noteNumber = 12;
     EXPECT_EQ(importedMessages({drumPatch}), expected);
+}
+
+constexpr std::string_view melodyName = "F0 00 48 05 7F 41 00 00 05 50 61 64 20 20 20 20 20 20 20 20 20 F7";
+constexpr std::string_view drumSetName = "F0 00 48 05 7F 41 01 00 05 4B 69 74 20 20 20 20 20 20 20 20 20 F7";
+
+TEST(ToneDataMIDIImporter, TopBitsOfAPatchMessageDoNotCount)
+{
+    for (const std::string_view hex : {melodyPatch, drumPatch, melodyName, drumSetName}) {
+        const Message plain = bytes(hex);
+        Message raised = plain;
+        for (std::size_t i = 6; i + 1 < raised.size(); ++i)
+            raised[i] |= 0x80;
+        EXPECT_EQ(importedMessage(raised), importedMessage(plain)) << hex;
+        EXPECT_NE(importedMessage(plain), factoryToneData()) << hex;
+    }
+}
+
+TEST(ToneDataMIDIImporter, ReleaseFlagOfAPatchIsSetByZeroInTheLowSevenBits)
+{
+    ImportedToneData base = factoryToneData();
+    base.userMelodies[5].parameters.isReleaseActive = false;
+    Message patch = bytes(melodyPatch);
+    for (const std::uint8_t flag : bytes("00 80")) {
+        patch[10] = flag;
+        EXPECT_TRUE(importedMessage(patch, base).userMelodies[5].parameters.isReleaseActive) << int(flag);
+    }
+    for (const std::uint8_t flag : bytes("01 7F 81")) {
+        patch[10] = flag;
+        EXPECT_FALSE(importedMessage(patch, base).userMelodies[5].parameters.isReleaseActive) << int(flag);
+    }
 }
 
 TEST(ToneDataMIDIImporter, PatchKeepsItsOtherValues)

@@ -1,10 +1,12 @@
 #include "core/protocol/SimpleMIDIFileReader.h"
 #include "core/tone/FactoryMelodyTable.h"
 #include "core/tone/ToneDataFile.h"
+#include "core/tone/ToneDataMIDIImporter.h"
 #include "core/tone/ToneEditorBuilder.h"
 #include "tests/core/tone/EditedInstrument.h"
+#include "tests/support/Bytes.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <random>
 #include <span>
 #include <string>
@@ -12,6 +14,8 @@
 
 namespace tonavelle {
 namespace {
+
+using orvim::test::bytes;
 
 constexpr auto drum = ToneDrumTrackSetting::drum;
 constexpr auto user = ToneBankKind::user;
@@ -183,6 +187,31 @@ TEST(ToneDataRoundTrip, NoteNumberOfAMelodyComesBackAsZero)
     ToneInstrument instrument = factoryToneInstrument();
     instrument.userMelodies[3].noteNumber = 60;
     EXPECT_EQ(writtenAndRead(instrument, everything), factoryToneInstrument());
+}
+
+TEST(ToneDataRoundTrip, WhatSetsNoFieldIsWrittenAndNotRead)
+{
+    const std::vector<Message> messages{
+        bytes("F0 00 48 05 7F 00 00 F7"), // the reset
+        bytes("F0 00 48 05 7F 03 00 F7"), // the main screen
+        bytes("F0 00 48 05 7F 05 00 F7"), // no Japanese characters
+        bytes("B0 01 00"),                // the modulation
+        bytes("E0 00 40"),                // the pitch bend
+        bytes("B0 65 7F"),                // the null RPN
+        bytes("B0 64 7F"),
+    };
+    const SimpleMIDIFile file = SimpleMIDIFileReader::read(toneDataFile(factoryToneInstrument(), {}));
+    std::vector<Message> written;
+    for (const SimpleMIDITrack& track : file.tracks)
+        for (const SimpleMIDITimedEvent& event : track.events)
+            written.emplace_back(event.message.begin(), event.message.end());
+    SimpleMIDIFile alone;
+    alone.tracks.emplace_back();
+    for (const Message& message : messages) {
+        EXPECT_THAT(written, testing::Contains(message));
+        alone.tracks[0].events.push_back({0, message});
+    }
+    EXPECT_EQ(ToneDataMIDIImporter::importData(alone, factoryToneData(), applyFactoryPreset), factoryToneData());
 }
 
 TEST(ToneDataRoundTrip, BytesThatAreNoMIDIFileAreRefused)
