@@ -4,8 +4,7 @@
 
 #include <utility>
 
-namespace orvim
-{
+namespace orvim {
 
 RealtimeQueue::RealtimeQueue(const std::string& name)
     : thread([this, name] {
@@ -39,7 +38,7 @@ void RealtimeQueue::run()
     std::unique_lock lock(mutex);
     for (;;) {
         changed.wait(lock, [this] { return stopping || !jobs.empty(); });
-        if (stopping) return;
+        if (jobs.empty()) return;
         const std::function<void()> job = std::move(jobs.front());
         jobs.pop_front();
         lock.unlock();

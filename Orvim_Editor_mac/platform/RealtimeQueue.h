@@ -7,8 +7,7 @@
 #include <string>
 #include <thread>
 
-namespace orvim
-{
+namespace orvim {
 
 /// Runs jobs one after another, in the order in which they were posted, on a thread of its own with the highest
 /// priority that the user may have.
@@ -18,7 +17,7 @@ public:
     explicit RealtimeQueue(const std::string& name);
     RealtimeQueue(const RealtimeQueue&) = delete;
     RealtimeQueue& operator=(const RealtimeQueue&) = delete;
-    /// Waits for the job that is running, and drops those that have not begun.
+    /// Waits until every job posted has run, so that a note begun is also ended.
     ~RealtimeQueue();
 
     /// From any thread; never waits. The job must not throw.
