@@ -6,10 +6,8 @@
 #include <thread>
 #include <utility>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 constexpr std::size_t fullBytes = 64 * 1024;
 /// A sender that waits is woken here, not at each message.
@@ -39,13 +37,7 @@ std::optional<MIDIStatus> DestinationWorker::send(std::span<const std::uint8_t> 
 {
     const auto queued = std::make_shared<const QueuedMessage>(QueuedMessage{{message.begin(), message.end()}, lane});
     const std::lock_guard lock(mutex);
-    if (failure) {
-        const MIDIStatus status = *failure;
-        const bool wasUntold = std::exchange(untold, std::nullopt).has_value();
-        if (isForGood(status)) return status;
-        failure.reset();
-        if (wasUntold) return status;
-    }
+    if (const auto status = answerOfFailure(lane)) return status;
     if (phase != Phase::delivering) return std::nullopt;
     if (lane == MIDILane::realtime || queue.isEmpty()) {
         urgent = true;
@@ -53,6 +45,17 @@ std::optional<MIDIStatus> DestinationWorker::send(std::span<const std::uint8_t> 
     }
     queue.push(queued);
     return 0;
+}
+
+/// What a send on `lane` has to answer instead of taking its message. A realtime send leaves the loss of normal
+/// messages to be told as what it is.
+std::optional<MIDIStatus> DestinationWorker::answerOfFailure(MIDILane lane)
+{
+    std::optional<Failure> told;
+    if (untold && (lane == MIDILane::normal || untold->lane == MIDILane::realtime)) std::swap(told, untold);
+    if (isFailedForGood()) return failure;
+    failure.reset();
+    return told ? std::optional(told->status) : std::nullopt;
 }
 
 bool DestinationWorker::isFull() const
@@ -178,7 +181,8 @@ void DestinationWorker::failLocked(MIDIStatus status, std::unique_lock<std::mute
     if (isFailedForGood()) return;
     failure = status;
     if (!queue.isEmpty() || undrainedLane) {
-        const bool normalLost = queue.hasNormal() || undrainedLane == MIDILane::normal;
+        const bool normalLost =
+            queue.hasNormal() || undrainedLane == MIDILane::normal || (untold && untold->lane == MIDILane::normal);
         untold = Failure{status, normalLost ? MIDILane::normal : MIDILane::realtime};
     }
     queue.clear();

@@ -12,8 +12,7 @@
 #include <optional>
 #include <span>
 
-namespace orvim
-{
+namespace orvim {
 
 /// Serves one destination on a thread of its own: it holds the messages that wait and writes them as the receiver has
 /// room, realtime messages first. The thread keeps the worker alive until everything is done, and nobody waits for it,
@@ -44,7 +43,8 @@ public:
     std::optional<MIDIStatus> send(std::span<const std::uint8_t> message, MIDILane lane);
     /// More than 64 KiB wait on the normal lane.
     bool isFull() const;
-    /// A failure that cost messages and has not been told by `send` yet; giving it counts as telling.
+    /// A failure that cost messages and has not been told by `send` yet; giving it counts as telling. A realtime `send`
+    /// tells no loss of normal messages.
     std::optional<Failure> takeFailure();
 
     /// The destination is known to have failed; nothing more is tried on it.
@@ -68,6 +68,7 @@ private:
     void finish(const DeliveryPump::Step& step, const QueuedMessageRef& message, std::unique_lock<std::mutex>& lock);
     void written(const QueuedMessageRef& message, std::unique_lock<std::mutex>& lock);
     void failLocked(MIDIStatus status, std::unique_lock<std::mutex>& lock);
+    std::optional<MIDIStatus> answerOfFailure(MIDILane lane);
     bool isFailedForGood() const;
     void enter(Phase next);
     bool waitFor(Phase wanted, std::chrono::steady_clock::time_point deadline) const;

@@ -24,7 +24,8 @@ class MIDISystem
 {
 public:
     /// Told on the main thread when a destination has failed with messages in its queue whose sends had been answered
-    /// with 0 already. Each failure is told once: here, or by the answer of the next `send`, whichever comes first.
+    /// with 0 already. Each failure is told once: here, or by the answer of the next `send`, whichever comes first;
+    /// but a loss of normal messages is never left to the answer of a realtime one.
     using DeliveryFailure = std::function<void(MIDIEndpointRef endpoint, MIDILane lane, MIDIStatus status)>;
 
     MIDISystem() = default;

@@ -195,6 +195,40 @@ TEST_F(DestinationWorkerTest, LosingNormalMessagesCountsAsAFailureOfTheNormalLan
     EXPECT_EQ(worker->takeFailure(), (Failure{-ENODEV, MIDILane::normal}));
 }
 
+TEST_F(DestinationWorkerTest, ARealtimeSendLeavesTheLossOfNormalMessagesUntold)
+{
+    receiver->setLookStatus(-ENODEV);
+    start();
+    worker->send(Bytes{0xF0, 0xF7}, MIDILane::normal);
+    waitForFailures(1);
+    EXPECT_EQ(worker->send(Bytes{0x90}, MIDILane::realtime), -ENODEV);
+    EXPECT_EQ(worker->takeFailure(), (Failure{-ENODEV, MIDILane::normal}));
+}
+
+TEST_F(DestinationWorkerTest, ARealtimeSendThatIsTriedAgainLeavesThatLossToTheNextNormalOne)
+{
+    receiver->setOpenStatus(-EAGAIN);
+    start(impatient);
+    worker->send(Bytes{0xF0, 0xF7}, MIDILane::normal);
+    waitForFailures(1);
+    receiver->setOpenStatus(0);
+    EXPECT_EQ(worker->send(Bytes{0x90}, MIDILane::realtime), 0);
+    ASSERT_TRUE(receiver->waitForMessages(1));
+    EXPECT_EQ(worker->send(Bytes{0xF0, 0xF7}, MIDILane::normal), -EAGAIN);
+    EXPECT_EQ(worker->takeFailure(), std::nullopt);
+}
+
+TEST_F(DestinationWorkerTest, ALaterLossOfRealtimeMessagesDoesNotHideTheLossOfNormalOnes)
+{
+    receiver->setOpenStatus(-EAGAIN);
+    start(impatient);
+    worker->send(Bytes{0xF0, 0xF7}, MIDILane::normal);
+    waitForFailures(1);
+    EXPECT_EQ(worker->send(Bytes{0x90}, MIDILane::realtime), 0);
+    waitForFailures(2);
+    EXPECT_EQ(worker->takeFailure(), (Failure{-EAGAIN, MIDILane::normal}));
+}
+
 TEST_F(DestinationWorkerTest, AnIdleDestinationThatGoesCostsNothing)
 {
     start();
