@@ -6,8 +6,7 @@
 #include <chrono>
 #include <utility>
 
-namespace orvim
-{
+namespace orvim {
 
 void MainThreadDoor::post(std::function<void()> job)
 {
@@ -48,7 +47,9 @@ bool MainThreadDoor::waitUntil(const std::function<bool()>& isDone)
     QObject::connect(&timer, &QTimer::timeout, &loop, look);
     QObject::connect(this, &MainThreadDoor::stirred, &loop, look);
     timer.start(lookingInterval);
+    inputHold.begin();
     loop.exec(QEventLoop::ExcludeUserInputEvents);
+    inputHold.end();
     return done;
 }
 

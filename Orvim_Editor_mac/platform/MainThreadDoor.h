@@ -1,12 +1,13 @@
 #pragma once
 
+#include "platform/InputHold.h"
+
 #include <QObject>
 
 #include <functional>
 #include <mutex>
 
-namespace orvim
-{
+namespace orvim {
 
 /// The way from other threads to the main thread, which makes and closes it.
 class MainThreadDoor : public QObject
@@ -22,8 +23,8 @@ public:
     void close();
 
     /// Waits on the main thread until `isDone`, which is asked when stirred and every few milliseconds. The window goes
-    /// on painting and timers run; what the user does meanwhile is kept until the end. May be called within itself.
-    /// False: the application is to quit, and there is no more waiting.
+    /// on painting and timers run; what the user types or presses meanwhile is kept until the end, and files dropped
+    /// are refused. May be called within itself. False: the application is to quit, and there is no more waiting.
     bool waitUntil(const std::function<bool()>& isDone);
 
 Q_SIGNALS:
@@ -32,6 +33,7 @@ Q_SIGNALS:
 private:
     std::mutex mutex;
     bool isOpen = true;
+    InputHold inputHold;
 };
 
 } // namespace orvim

@@ -1,9 +1,12 @@
 #include "platform/MainThreadDoor.h"
 
 #include <QCoreApplication>
+#include <QInputMethodEvent>
+#include <QLineEdit>
 #include <QTimer>
 
 #include <atomic>
+#include <chrono>
 #include <gtest/gtest.h>
 #include <thread>
 #include <vector>
@@ -87,6 +90,24 @@ TEST(MainThreadDoor, WaitsWithinItself)
     });
     EXPECT_TRUE(door.waitUntil([&] { return outerDone; }));
     EXPECT_TRUE(innerDone);
+}
+
+TEST(MainThreadDoor, WhatAnInputMethodSendsIsKeptUntilTheWaitIsOver)
+{
+    MainThreadDoor door;
+    QLineEdit field;
+    bool done = false;
+    QTimer::singleShot(0, [&] {
+        QInputMethodEvent commit;
+        commit.setCommitString(QStringLiteral("かな"));
+        QCoreApplication::sendEvent(&field, &commit);
+        EXPECT_EQ(field.text(), QString());
+        QTimer::singleShot(20, [&] { done = true; });
+    });
+    EXPECT_TRUE(door.waitUntil([&] { return done; }));
+    EXPECT_EQ(field.text(), QString());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field.text(), QStringLiteral("かな"));
 }
 
 TEST(MainThreadDoor, QuittingEndsTheWaitAndEveryLaterOne)
