@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace orvim {
 
@@ -78,8 +79,8 @@ void MIDIOutManager::createClientAndPort()
             },
             Qt::QueuedConnection);
     };
-    const auto deliveryFailed = [manager](MIDIEndpointRef, MIDILane lane, MIDIStatus status) {
-        if (manager) manager->reportDeliveryFailure(lane, status);
+    const auto deliveryFailed = [manager](MIDIEndpointRef endpoint, MIDILane lane, MIDIStatus status) {
+        if (manager) manager->reportDeliveryFailure(endpoint, lane, status);
     };
     if (const auto status = m_system.createClient("Orvim Editor Mac", setupChanged, deliveryFailed, m_client)) {
         reportError(QStringLiteral("MIDIクライアントを作成できませんでした: %1").arg(status));
@@ -167,30 +168,38 @@ std::optional<MIDIOutManager::Route> MIDIOutManager::routeOrReport()
 
 void MIDIOutManager::send(const Message& message, const QString& label)
 {
-    sendAndReport({&message, 1}, label);
+    sendInTurn({{message}, label});
 }
 
 void MIDIOutManager::send(const Batch& messages, const QString& label)
 {
-    if (!messages.empty()) sendAndReport(messages, label);
+    if (!messages.empty()) sendInTurn({messages, label});
 }
 
-void MIDIOutManager::sendAndReport(std::span<const Message> messages, const QString& label)
+void MIDIOutManager::sendInTurn(NormalSend send)
+{
+    m_pendingSends.push_back(std::move(send));
+    if (m_pendingSends.size() > 1) return;
+    for (; !m_pendingSends.empty(); m_pendingSends.pop_front())
+        sendAndReport(m_pendingSends.front());
+}
+
+void MIDIOutManager::sendAndReport(const NormalSend& send)
 {
     const auto route = routeOrReport();
     if (!route) return;
-    m_lastLabel = label;
-    const auto status = sendPackets(m_system, route->port, route->endpoint, messages, MIDILane::normal);
-    if (status != 0) return reportSendFailure(label, status);
-    appendSendEntry(messages, label);
-    setStatus(label + QStringLiteral(" を送信しました。"), false);
+    m_lastLabels[route->endpoint] = send.label;
+    const auto status = sendPackets(m_system, route->port, route->endpoint, send.messages, MIDILane::normal);
+    if (status != 0) return reportSendFailure(send.label, status);
+    appendSendEntry(send);
+    setStatus(send.label + QStringLiteral(" を送信しました。"), false);
 }
 
-void MIDIOutManager::appendSendEntry(std::span<const Message> messages, const QString& label)
+void MIDIOutManager::appendSendEntry(const NormalSend& send)
 {
-    QString entry = isAllSystemExclusive(messages) ? QStringLiteral(" [SysEx: ") : QStringLiteral(" [");
-    entry += label + QStringLiteral("]\n");
-    for (const Message& message : messages)
+    QString entry = isAllSystemExclusive(send.messages) ? QStringLiteral(" [SysEx: ") : QStringLiteral(" [");
+    entry += send.label + QStringLiteral("]\n");
+    for (const Message& message : send.messages)
         entry += QStringLiteral("   ") + m_logStore.format(message) + QLatin1Char('\n');
     m_logStore.append(entry);
 }
@@ -243,12 +252,12 @@ void MIDIOutManager::logNote(const QString& text)
     assign(m_lastErrorMessage, std::optional<QString>(), &MIDIOutManager::statusChanged);
 }
 
-void MIDIOutManager::reportDeliveryFailure(MIDILane lane, MIDIStatus status)
+void MIDIOutManager::reportDeliveryFailure(MIDIEndpointRef endpoint, MIDILane lane, MIDIStatus status)
 {
     if (lane == MIDILane::realtime)
         reportRealtimeFailure(status);
     else
-        reportSendFailure(m_lastLabel, status);
+        reportSendFailure(m_lastLabels[endpoint], status);
 }
 
 void MIDIOutManager::reportSendFailure(const QString& label, MIDIStatus status)

@@ -6,9 +6,10 @@
 #include <QObject>
 #include <QString>
 
+#include <deque>
+#include <map>
 #include <memory>
 #include <optional>
-#include <span>
 #include <vector>
 
 namespace orvim {
@@ -53,7 +54,8 @@ public:
     /// Lists the destinations anew, drops a selection that is gone and chooses one by name when none is left.
     void refreshDestinations();
 
-    /// Sends one message, writes it to the log and sets the status; a failure is reported in both instead.
+    /// Sends one message, writes it to the log and sets the status; a failure is reported in both instead. While the
+    /// destination has no room it waits, with timers running; what they send has its turn when this is done.
     void send(const tonavelle::Message& message, const QString& label);
     /// The same for a batch under one label; stops at the first message that fails. An empty batch does nothing.
     void send(const tonavelle::Batch& messages, const QString& label);
@@ -81,15 +83,21 @@ private:
         MIDIEndpointRef endpoint;
     };
 
+    struct NormalSend {
+        tonavelle::Batch messages;
+        QString label;
+    };
+
     void createClientAndPort();
     std::vector<MIDIOutputDestination> listedDestinations() const;
     void chooseDestination();
     std::optional<Route> routeOrReport();
-    void sendAndReport(std::span<const tonavelle::Message> messages, const QString& label);
-    void appendSendEntry(std::span<const tonavelle::Message> messages, const QString& label);
+    void sendInTurn(NormalSend send);
+    void sendAndReport(const NormalSend& send);
+    void appendSendEntry(const NormalSend& send);
     void reportSendFailure(const QString& label, MIDIStatus status);
     void reportRealtimeFailure(MIDIStatus status);
-    void reportDeliveryFailure(MIDILane lane, MIDIStatus status);
+    void reportDeliveryFailure(MIDIEndpointRef endpoint, MIDILane lane, MIDIStatus status);
     void reportError(const QString& text);
     template <typename T>
     void assign(T& field, T value, void (MIDIOutManager::*changed)());
@@ -103,7 +111,9 @@ private:
     std::optional<double> m_progressFraction;
     MIDIClientRef m_client = 0;
     MIDIPortRef m_outputPort = 0;
-    QString m_lastLabel; ///< of the last normal send, for a failure that comes after it was answered
+    std::deque<NormalSend> m_pendingSends; ///< the one being sent, and those made while it waits for room
+    /// Of the last normal send to each destination, for a failure that comes after it was answered.
+    std::map<MIDIEndpointRef, QString> m_lastLabels;
     std::unique_ptr<RealtimeQueue> m_realtimeQueue;
 };
 

@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace orvim {
 namespace {
@@ -139,7 +140,7 @@ TEST_F(MIDIOutManagerTest, ANotificationRefreshesTheListOnTheMainThread)
 {
     start();
     system.plug({"Tonavelle_mini"});
-    system.setupChanged();
+    std::thread([this] { system.setupChanged(); }).join();
     EXPECT_TRUE(manager->destinations().empty()) << "the notification itself touches nothing";
     QCoreApplication::processEvents();
     EXPECT_EQ(manager->selectedDestinationID(), 1u);
@@ -275,6 +276,51 @@ TEST_F(MIDIOutManagerTest, ADeliveryThatFailsLaterIsReportedUnderTheLastLabel)
     expectError(QStringLiteral("リアルタイムMIDI送信に失敗しました: -19"));
 }
 
+TEST_F(MIDIOutManagerTest, ADeliveryThatFailsLaterIsReportedUnderTheLastLabelOfItsOwnDestination)
+{
+    plugged({"Tonavelle_mini", "Other"});
+    manager->send(bytes("F0 01 F7"), QStringLiteral("Transfer"));
+    manager->setSelectedDestinationID(2);
+    manager->send(bytes("F0 02 F7"), QStringLiteral("Row"));
+    system.deliveryFailed(1, MIDILane::normal, -110);
+    expectError(QStringLiteral("Transfer の送信に失敗しました: -110"));
+    system.deliveryFailed(2, MIDILane::normal, -19);
+    expectError(QStringLiteral("Row の送信に失敗しました: -19"));
+}
+
+TEST_F(MIDIOutManagerTest, ASendMadeWhileAnotherWaitsHasItsTurnAfterTheWholeBatch)
+{
+    plugged({"Tonavelle_mini"});
+    system.onSend = [this] {
+        system.onSend = nullptr;
+        manager->send(bytes("F0 03 F7"), QStringLiteral("Inner"));
+        manager->send(bytes("F0 04 F7"), QStringLiteral("Last"));
+        EXPECT_EQ(store.text(), QString());
+    };
+    manager->send(tonavelle::Batch{bytes("F0 01 F7"), bytes("F0 02 F7")}, QStringLiteral("Outer"));
+    EXPECT_EQ(system.sentMessages(),
+              (tonavelle::Batch{bytes("F0 01 F7"), bytes("F0 02 F7"), bytes("F0 03 F7"), bytes("F0 04 F7")}));
+    EXPECT_EQ(store.text(), QStringLiteral(" [SysEx: Outer]\n   F0H 01H F7H\n   F0H 02H F7H\n"
+                                           " [SysEx: Inner]\n   F0H 03H F7H\n [SysEx: Last]\n   F0H 04H F7H\n"));
+    expectNormal(QStringLiteral("Last を送信しました。"));
+}
+
+TEST_F(MIDIOutManagerTest, ASendMadeWhileAFailingOneWaitsHasItsTurnAsWell)
+{
+    plugged({"Tonavelle_mini"});
+    system.failAfterMessages(0, -71);
+    system.onSend = [this] {
+        system.onSend = nullptr;
+        manager->send(bytes("F0 03 F7"), QStringLiteral("Inner"));
+    };
+    manager->send(bytes("F0 01 F7"), QStringLiteral("Outer"));
+    EXPECT_EQ(store.text(), QStringLiteral(" エラー: Outer の送信に失敗しました: -71\n"
+                                           " エラー: Inner の送信に失敗しました: -71\n"));
+    system.failAfterMessages(1, -71);
+    manager->send(bytes("F0 05 F7"), QStringLiteral("Next"));
+    expectNormal(QStringLiteral("Next を送信しました。"));
+}
+
 TEST_F(MIDIOutManagerTest, WithoutAClientThePortIsNotAttemptedAndSendsSayItIsNotInitialised)
 {
     system.clientStatus = -2;
@@ -314,13 +360,27 @@ TEST_F(MIDIOutManagerTest, ARealtimeSendLeavesNoTraceInLogAndStatus)
     expectNormal(QStringLiteral("before"));
 }
 
-TEST_F(MIDIOutManagerTest, ARealtimeFailureComesBackToTheMainThread)
+TEST_F(MIDIOutManagerTest, ARealtimeFailureComesBackToTheMainThreadOnceAGesture)
 {
     plugged({"Tonavelle_mini"});
     system.failAfterMessages(0, -19);
-    manager->sendRealtime({bytes("90 3C 64"), bytes("90 40 64")});
+    manager->sendRealtime({bytes("90 3C 64"), bytes("90 40 64"), bytes("90 43 64")});
     EXPECT_TRUE(QTest::qWaitFor([this] { return manager->lastErrorMessage().has_value(); }));
-    EXPECT_EQ(store.text(), QStringLiteral(" エラー: リアルタイムMIDI送信に失敗しました: -19\n")) << "once a gesture";
+    system.failAfterMessages(1, -19);
+    manager->sendRealtime({bytes("80 3C 00")}); // Once this is sent, the first gesture has reported all that it will.
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !system.sentMessages().empty(); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(system.attempted(), (tonavelle::Batch{bytes("90 3C 64"), bytes("80 3C 00")}));
+    EXPECT_EQ(store.text(), QStringLiteral(" エラー: リアルタイムMIDI送信に失敗しました: -19\n"));
+}
+
+TEST_F(MIDIOutManagerTest, ARealtimeSendMadeJustBeforeTheEndIsStillSent)
+{
+    plugged({"Tonavelle_mini"});
+    manager->sendRealtime({bytes("90 3C 64")});
+    manager->sendRealtime({bytes("80 3C 00")});
+    manager.reset();
+    EXPECT_EQ(system.sentMessages(), (tonavelle::Batch{bytes("90 3C 64"), bytes("80 3C 00")}));
 }
 
 TEST_F(MIDIOutManagerTest, ARealtimeSendAtOnceReportsItsFailureAtOnce)

@@ -49,6 +49,13 @@ public:
         return m_sent;
     }
 
+    /// All messages handed over, also those that failed.
+    tonavelle::Batch attempted() const
+    {
+        const std::scoped_lock lock(m_mutex);
+        return m_attempted;
+    }
+
     void forgetSent()
     {
         const std::scoped_lock lock(m_mutex);
@@ -103,7 +110,9 @@ public:
     MIDIStatus send(MIDIPortRef, MIDIEndpointRef endpoint, std::span<const std::uint8_t> message,
                     MIDILane lane) override
     {
+        if (const auto call = onSend) call();
         const std::scoped_lock lock(m_mutex);
+        m_attempted.emplace_back(message.begin(), message.end());
         if (m_sent.size() >= failAfter) return sendStatus;
         if (onSend) onSend();
         m_sent.push_back({endpoint, {message.begin(), message.end()}, lane});
@@ -129,6 +138,7 @@ public:
     std::string portName;
     std::function<void()> setupChanged;
     DeliveryFailure deliveryFailed;
+    std::function<void()> onSend; ///< what happens while a send waits for room
     std::vector<MIDIEndpointRef> selections;
     std::vector<std::string> disposals;
     std::function<void()> onSend; ///< called with each message that is taken
@@ -139,6 +149,7 @@ private:
     std::vector<Sent> m_sent;
     std::size_t failAfter = SIZE_MAX;
     MIDIStatus sendStatus = 0;
+    tonavelle::Batch m_attempted;
 };
 
 } // namespace orvim::test
