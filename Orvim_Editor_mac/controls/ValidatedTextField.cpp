@@ -7,8 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace orvim
-{
+namespace orvim {
 
 ValidatedTextField::ValidatedTextField(Filter filter, QWidget* parent) : QLineEdit(parent), m_filter(std::move(filter))
 {
@@ -18,14 +17,12 @@ ValidatedTextField::ValidatedTextField(Filter filter, QWidget* parent) : QLineEd
 void ValidatedTextField::setBoundText(const QString& text)
 {
     if (m_isUpdating) return;
+    // The same text again says nothing new, and must not take away what is being composed.
+    if (m_isComposing && text == m_boundText) return;
     const QScopedValueRollback updating(m_isUpdating, true);
     m_boundText = text;
-    if (this->text() != text) setText(text);
-}
-
-void ValidatedTextField::setFieldWidth(int pixels)
-{
-    setFixedWidth(pixels);
+    if (m_isComposing || this->text() != text) setText(text);
+    endComposition();
 }
 
 void ValidatedTextField::setFontSize(int pixels)
@@ -46,12 +43,16 @@ void ValidatedTextField::inputMethodEvent(QInputMethodEvent* event)
 
 void ValidatedTextField::focusOutEvent(QFocusEvent* event)
 {
-    if (m_isComposing) {
-        // What the input method has not confirmed by now is given up, so that the field shows what it holds.
-        QInputMethodEvent end;
-        QCoreApplication::sendEvent(this, &end);
-    }
+    endComposition();
     QLineEdit::focusOutEvent(event);
+}
+
+void ValidatedTextField::endComposition()
+{
+    if (!m_isComposing) return;
+    // What the input method has not confirmed by now is given up, so that the field shows what it holds.
+    QInputMethodEvent end;
+    QCoreApplication::sendEvent(this, &end);
 }
 
 void ValidatedTextField::acceptEdit()
@@ -69,8 +70,23 @@ void ValidatedTextField::showFiltered(const QString& filtered)
 {
     // The cursor stays behind the same characters, less those that the filter took.
     const auto before = m_filter(text().left(cursorPosition()));
-    setText(filtered);
+    // Undoing the edit and inserting what the filter left of it keeps the former edits undoable, and leaves nothing to
+    // undo that the filter refuses.
+    undo();
+    replaceDifference(filtered);
     setCursorPosition(static_cast<int>(std::min(before.size(), filtered.size())));
+}
+
+void ValidatedTextField::replaceDifference(const QString& wanted)
+{
+    const QString shown = text();
+    const auto shorter = std::min(shown.size(), wanted.size());
+    const auto head = std::mismatch(shown.begin(), shown.begin() + shorter, wanted.begin()).first - shown.begin();
+    const auto rest = shorter - head;
+    const auto tail = std::mismatch(shown.rbegin(), shown.rbegin() + rest, wanted.rbegin()).first - shown.rbegin();
+    if (shown.size() == wanted.size() && head == shown.size()) return;
+    setSelection(static_cast<int>(head), static_cast<int>(shown.size() - head - tail));
+    insert(wanted.mid(head, wanted.size() - head - tail));
 }
 
 } // namespace orvim

@@ -4,8 +4,7 @@
 
 #include <functional>
 
-namespace orvim
-{
+namespace orvim {
 
 /// A text field that filters what is typed and keeps out of the way of an input method: text that is still being
 /// composed changes nothing, and neither the filter nor the bound text sees it before it is confirmed.
@@ -19,10 +18,10 @@ public:
     explicit ValidatedTextField(Filter filter, QWidget* parent = nullptr);
 
     const QString& boundText() const { return m_boundText; }
-    /// The program's side: shows the text as it is, unfiltered and silently. Ignored while an edit is being told of.
+    /// The program's side: shows the text as it is, unfiltered and silently. Another text than the bound one ends what
+    /// is being composed. Ignored while an edit is being told of.
     void setBoundText(const QString& text);
 
-    void setFieldWidth(int pixels);
     void setFontSize(int pixels);
 
 Q_SIGNALS:
@@ -35,7 +34,9 @@ protected:
 
 private:
     void acceptEdit();
+    void endComposition();
     void showFiltered(const QString& filtered);
+    void replaceDifference(const QString& wanted);
 
     Filter m_filter;
     QString m_boundText;

@@ -3,16 +3,15 @@
 #include "support/Wheel.h"
 
 #include <QComboBox>
+#include <QCommonStyle>
+#include <QProxyStyle>
 #include <QScrollBar>
-#include <QStyle>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 QWidget* contentOf(QSize size)
 {
@@ -42,11 +41,25 @@ TEST(PageScrollArea, BarsStandOnTheAxesThatAreLonger)
     EXPECT_TRUE(area.horizontalScrollBar()->isVisible());
 }
 
+/// A style of the kind that fades its scroll bars out.
+class FadingStyle : public QCommonStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override
+    {
+        return hint == SH_ScrollBar_Transient ? 1 : QCommonStyle::styleHint(hint, option, widget, result);
+    }
+};
+
 TEST(PageScrollArea, BarsNeverFadeAwayWhateverTheStyle)
 {
     PageScrollArea area(Scrollbars::permanent);
     for (auto* bar : {area.verticalScrollBar(), area.horizontalScrollBar()}) {
-        EXPECT_EQ(bar->style()->styleHint(QStyle::SH_ScrollBar_Transient, nullptr, bar), 0);
+        auto* style = qobject_cast<QProxyStyle*>(bar->style());
+        ASSERT_NE(style, nullptr);
+        style->setBaseStyle(new FadingStyle);
+        EXPECT_EQ(style->styleHint(QStyle::SH_ScrollBar_Transient, nullptr, bar), 0);
     }
 }
 

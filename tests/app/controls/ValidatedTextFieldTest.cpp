@@ -8,10 +8,8 @@
 
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 QString printableAscii(const QString& text)
 {
@@ -235,13 +233,76 @@ TEST(ValidatedTextField, TheProgramsTextIsIgnoredWhileAnEditIsTold)
     EXPECT_EQ(shown.field->boundText(), QStringLiteral("a"));
 }
 
-TEST(ValidatedTextField, WidthAndFontSizeAreInPixels)
+TEST(ValidatedTextField, TheProgramsTextEndsAComposition)
+{
+    Shown shown(anything);
+    shown.compose("かな");
+    shown.field->setBoundText(QStringLiteral("歌"));
+    EXPECT_EQ(shown.field->displayText(), QStringLiteral("歌"));
+    EXPECT_TRUE(shown.told.isEmpty());
+    QTest::keyClick(shown.field, Qt::Key_End);
+    QTest::keyClicks(shown.field, QStringLiteral("x"));
+    EXPECT_EQ(shown.told, texts({"歌x"})) << "the field listens again";
+}
+
+TEST(ValidatedTextField, TheProgramsTextReplacesACompositionOverASelection)
+{
+    Shown shown(anything);
+    shown.field->setBoundText(QStringLiteral("歌詞"));
+    shown.field->selectAll();
+    shown.compose("か");
+    shown.field->setBoundText(QString());
+    EXPECT_EQ(shown.field->displayText(), QString());
+    EXPECT_EQ(shown.field->boundText(), QString());
+    EXPECT_TRUE(shown.told.isEmpty());
+}
+
+TEST(ValidatedTextField, TheSameTextFromTheProgramDisturbsNoComposition)
+{
+    Shown shown(anything);
+    shown.field->setBoundText(QStringLiteral("歌"));
+    shown.field->end(false);
+    shown.compose("かな");
+    shown.field->setBoundText(QStringLiteral("歌"));
+    shown.confirm("仮名");
+    EXPECT_EQ(shown.told, texts({"歌仮名"}));
+}
+
+TEST(ValidatedTextField, EditsBeforeARefusedCharacterCanBeUndone)
+{
+    Shown shown(printableAscii);
+    QTest::keyClicks(shown.field, QStringLiteral("AB"));
+    shown.field->selectAll();
+    QTest::keyClicks(shown.field, QStringLiteral("C"));
+    shown.confirm("あ");
+    EXPECT_EQ(shown.field->text(), QStringLiteral("C"));
+    shown.field->undo();
+    EXPECT_EQ(shown.field->text(), QStringLiteral("AB"));
+    shown.field->undo();
+    EXPECT_EQ(shown.field->text(), QString());
+    EXPECT_EQ(shown.told, texts({"A", "AB", "C", "AB", ""})) << "the refused character never comes back";
+    shown.field->redo();
+    EXPECT_EQ(shown.field->text(), QStringLiteral("AB"));
+}
+
+TEST(ValidatedTextField, AnEditThatIsFilteredInPartIsUndoneAsOne)
+{
+    Shown shown(printableAscii);
+    shown.field->setBoundText(QStringLiteral("abcd"));
+    shown.field->setSelection(1, 2);
+    QGuiApplication::clipboard()->setText(QStringLiteral("xあy"));
+    shown.field->paste();
+    EXPECT_EQ(shown.field->text(), QStringLiteral("axyd"));
+    EXPECT_EQ(shown.field->cursorPosition(), 3);
+    shown.field->undo();
+    EXPECT_EQ(shown.field->text(), QStringLiteral("abcd"));
+    EXPECT_EQ(shown.told, texts({"axyd", "abcd"}));
+}
+
+TEST(ValidatedTextField, FontSizeIsInPixels)
 {
     ValidatedTextField field(anything);
-    field.setFieldWidth(500);
     field.setFontSize(14);
-    EXPECT_EQ(field.sizeHint().height() > 0 ? field.maximumWidth() : 0, 500);
-    EXPECT_EQ(field.minimumWidth(), 500);
     EXPECT_EQ(field.font().pixelSize(), 14);
 }
 
