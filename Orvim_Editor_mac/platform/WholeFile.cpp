@@ -41,7 +41,9 @@ bool writeWholeFile(const QString& path, const QByteArray& bytes)
     QSaveFile file(path);
     file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly)) return false;
-    file.write(bytes);
+    // A disk that fills up takes the first part of the bytes, which the file by itself counts as no failure.
+    const bool isWhole = file.write(bytes) == bytes.size() && file.flush() && file.size() == bytes.size();
+    if (!isWhole) file.cancelWriting();
     return file.commit();
 }
 

@@ -1,0 +1,169 @@
+#include "platform/WholeFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <optional>
+#include <unistd.h>
+
+namespace orvim {
+namespace {
+
+/// A disk that takes no file beyond that many bytes: writing fails in the middle, as it does on a full one.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes) : m_handlerBefore(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &m_before), 0);
+        const rlimit limit{bytes, m_before.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handlerBefore);
+    }
+
+private:
+    rlimit m_before{};
+    void (*m_handlerBefore)(int);
+};
+
+/// Gives up the rights of the root user for a while, as those write into any folder.
+class OrdinaryUser
+{
+public:
+    OrdinaryUser() : m_isOrdinary(geteuid() != 0 || seteuid(nobody) == 0) {}
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+    ~OrdinaryUser() { EXPECT_EQ(seteuid(m_before), 0); }
+
+    bool isOrdinary() const { return m_isOrdinary; }
+
+private:
+    static constexpr uid_t nobody = 65534;
+
+    uid_t m_before = geteuid();
+    bool m_isOrdinary;
+};
+
+class WriteWholeFile : public testing::Test
+{
+protected:
+    QString path() const { return folder.filePath(QStringLiteral("画面.png")); }
+
+    void writeOld()
+    {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(old);
+    }
+
+    QByteArray content() const
+    {
+        QFile file(path());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
+    }
+
+    QStringList names() const { return QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot); }
+
+    /// Writes while everyone may enter the folder and nobody may change what stands in it. Nothing where the user can
+    /// not be kept out.
+    std::optional<bool> writeIntoLockedFolder() const
+    {
+        const QByteArray place = QFile::encodeName(folder.path());
+        EXPECT_EQ(::chmod(place.constData(), 0555), 0);
+        std::optional<bool> isWritten;
+        {
+            const OrdinaryUser user;
+            if (user.isOrdinary()) isWritten = writeWholeFile(path(), fresh);
+        }
+        EXPECT_EQ(::chmod(place.constData(), 0700), 0);
+        return isWritten;
+    }
+
+    const QByteArray old = QByteArray(3000, 'o');
+    const QByteArray fresh = QByteArray(100'000, 'n');
+    QTemporaryDir folder;
+};
+
+TEST_F(WriteWholeFile, MakesANewFile)
+{
+    EXPECT_TRUE(writeWholeFile(path(), fresh));
+    EXPECT_EQ(content(), fresh);
+    EXPECT_EQ(names().size(), 1) << "no temporary is left";
+}
+
+TEST_F(WriteWholeFile, ReplacesALongerFile)
+{
+    writeOld();
+    EXPECT_TRUE(writeWholeFile(path(), "short"));
+    EXPECT_EQ(content(), QByteArray("short"));
+    EXPECT_EQ(names().size(), 1);
+}
+
+TEST_F(WriteWholeFile, OnAFullDiskTheOldFileStaysWhole)
+{
+    writeOld();
+    // The large one fails as it is written, the small one, which waits in a buffer, only afterwards.
+    for (const QByteArray& bytes : {fresh, QByteArray(5000, 's')}) {
+        bool isWritten = true;
+        {
+            const FullDisk disk(4096);
+            isWritten = writeWholeFile(path(), bytes);
+        }
+        EXPECT_FALSE(isWritten);
+        EXPECT_EQ(content(), old);
+        EXPECT_EQ(names().size(), 1) << "no temporary is left";
+    }
+}
+
+TEST_F(WriteWholeFile, OnAFullDiskNoNewFileIsLeft)
+{
+    bool isWritten = true;
+    {
+        const FullDisk disk(4096);
+        isWritten = writeWholeFile(path(), fresh);
+    }
+    EXPECT_FALSE(isWritten);
+    EXPECT_EQ(names(), QStringList());
+}
+
+TEST_F(WriteWholeFile, AFolderThatIsMissingOrAFolderInItsPlaceIsRefused)
+{
+    EXPECT_FALSE(writeWholeFile(folder.filePath(QStringLiteral("missing/a.png")), fresh));
+    EXPECT_FALSE(writeWholeFile(folder.path(), fresh));
+    EXPECT_FALSE(writeWholeFile(QString(), fresh));
+    EXPECT_EQ(names(), QStringList());
+}
+
+TEST_F(WriteWholeFile, AFolderThatTakesNoNewFileStaysEmpty)
+{
+    const auto isWritten = writeIntoLockedFolder();
+    if (!isWritten) GTEST_SKIP() << "the root user could not become an ordinary one";
+    EXPECT_FALSE(*isWritten);
+    EXPECT_EQ(names(), QStringList());
+}
+
+TEST_F(WriteWholeFile, InAFolderThatTakesNoNewFileAnOldOneIsWrittenOver)
+{
+    writeOld();
+    EXPECT_TRUE(QFile::setPermissions(path(), QFile::Permissions(0x6666)));
+    const auto isWritten = writeIntoLockedFolder();
+    if (!isWritten) GTEST_SKIP() << "the root user could not become an ordinary one";
+    EXPECT_TRUE(*isWritten);
+    EXPECT_EQ(content(), fresh);
+    EXPECT_EQ(names().size(), 1);
+}
+
+} // namespace
+} // namespace orvim
