@@ -244,6 +244,23 @@ TEST(DisplaySimulatorSettingsPageView, VoicesMoveAndFollow)
     EXPECT_EQ(shown.fields().specialMode, Special::error) << "following is no write";
 }
 
+TEST(DisplaySimulatorSettingsPageView, ACountMayBeTypedWhileTheFaceBlinks)
+{
+    Shown shown;
+    auto& voices = shown.control<QSpinBox>("Voice");
+    voices.setFocus();
+    voices.selectAll();
+    shown.state.setFaceBlinking(true);
+    QSignalSpy changes(&shown.state, &DisplaySimulatorState::changed);
+    QTest::keyClicks(&voices, QStringLiteral("4"));
+    shown.state.blinkTick();
+    shown.settle();
+    EXPECT_GT(changes.count(), 0) << "the state has moved meanwhile";
+    QTest::keyClicks(&voices, QStringLiteral("5"));
+    QTest::keyClick(&voices, Qt::Key_Return);
+    EXPECT_EQ(shown.fields().voiceCount, 45);
+}
+
 TEST(DisplaySimulatorSettingsPageView, BarsMoveAndFollowWithTheirCaptions)
 {
     Shown shown;
@@ -332,16 +349,36 @@ TEST(DisplaySimulatorSettingsPageView, DisplayTypeIsWrittenAsItIs)
 TEST(DisplaySimulatorSettingsPageView, ResetRestoresIndicatorsAndKeepsColoursAndType)
 {
     Shown shown;
-    shown.state.setColorMode(DisplaySimulatorColorMode::xg);
+    shown.state.setLcdColor(1, 2, 3);
+    shown.state.setFace(2, 4);
     shown.state.setDisplayType(5);
+    shown.state.setAsciiText("Hello");
+    shown.state.setWindowScale(2);
+    auto expected = shown.fields();
+    ASSERT_EQ(expected.colorMode, DisplaySimulatorColorMode::user);
+    ASSERT_EQ(expected.displayType, DisplaySimulatorType::performanceMonitor);
+
     shown.state.setIndicators(1, 2, 3, DisplaySimulatorSubDisplay::clip);
+    shown.state.applyBars(std::array{0, 16, 5});
+    shown.state.setShowsUSB(false);
+    shown.state.setOscilloscopeTriggered(true);
+    shown.state.setErrorKind(DisplaySimulatorErrorKind::dac);
     shown.state.setKnobValue(3);
+    ASSERT_EQ(shown.fields().specialMode, Special::knob);
     shown.press("上記をリセット");
-    EXPECT_EQ(shown.fields().leftLevel, 20);
-    EXPECT_EQ(shown.fields().knobValue, 20);
-    EXPECT_EQ(shown.fields().specialMode, Special::none);
-    EXPECT_EQ(shown.fields().colorMode, DisplaySimulatorColorMode::xg);
-    EXPECT_EQ(shown.fields().displayType, DisplaySimulatorType::performanceMonitor);
+
+    const auto& fields = shown.fields();
+    EXPECT_EQ(fields.leftLevel, 20);
+    EXPECT_EQ(fields.rightLevel, 53);
+    EXPECT_EQ(fields.voiceCount, 24);
+    EXPECT_EQ(fields.subDisplay, DisplaySimulatorSubDisplay::none);
+    EXPECT_EQ(fields.barValues, (std::array{1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1}));
+    EXPECT_TRUE(fields.showsUSB);
+    EXPECT_FALSE(fields.isOscilloscopeTriggered);
+    EXPECT_EQ(fields.knobValue, 20);
+    EXPECT_EQ(fields.errorKind, DisplaySimulatorErrorKind::vbusLow);
+    EXPECT_EQ(fields.specialMode, Special::none);
+    EXPECT_EQ(fields, expected) << "colours, type, text, face and window stay";
 }
 
 TEST(DisplaySimulatorSettingsPageView, FollowingWritesNothing)
