@@ -30,6 +30,7 @@ void DisplaySimulatorPreviewView::redraw()
     if (!isVisible()) return;
     DisplayCanvas canvas;
     renderDisplay(m_state.fields(), canvas);
+    ++m_drawCount;
     if (!m_picture.isNull() && std::ranges::equal(canvas.bytes(), m_canvas.bytes())) return;
     m_canvas = std::move(canvas);
     m_picture = pictureOf(m_canvas);

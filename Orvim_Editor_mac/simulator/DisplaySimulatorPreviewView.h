@@ -21,6 +21,9 @@ public:
 
     QSize sizeHint() const override;
 
+    /// How often the screen has been drawn since the view was made.
+    int drawCount() const { return m_drawCount; }
+
 protected:
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -32,6 +35,7 @@ private:
     OncePerTurn m_redrawing;
     DisplayCanvas m_canvas;
     QImage m_picture;
+    int m_drawCount = 0;
 };
 
 } // namespace orvim

@@ -60,13 +60,15 @@ TEST(DisplaySimulatorPreviewView, StretchesWithoutSmoothing)
     }
 }
 
-TEST(DisplaySimulatorPreviewView, PaintsOnceATurnHoweverManyFieldsChange)
+TEST(DisplaySimulatorPreviewView, DrawsAndPaintsOnceATurnHoweverManyFieldsChange)
 {
     Shown shown;
+    const int drawn = shown.view.drawCount();
     shown.state.setColorMode(DisplaySimulatorColorMode::gm2);
     for (int i = 0; i < 50; ++i)
         shown.state.setIndicators(i, 63 - i, i, DisplaySimulatorSubDisplay::over);
     QTest::qWait(50);
+    EXPECT_EQ(shown.view.drawCount(), drawn + 1);
     EXPECT_EQ(shown.paints.count, 1);
     EXPECT_EQ(differences(shown.view, shown.state.fields()), 0);
 }
@@ -93,12 +95,15 @@ TEST(DisplaySimulatorPreviewView, DrawsNothingWhileHiddenAndIsRightWhenShownAgai
 {
     Shown shown;
     shown.view.hide();
+    const int drawn = shown.view.drawCount();
     shown.paints.count = 0;
     shown.state.setDisplayType(3);
     QTest::qWait(30);
+    EXPECT_EQ(shown.view.drawCount(), drawn);
     EXPECT_EQ(shown.paints.count, 0);
     shown.view.show();
     QTest::qWait(50);
+    EXPECT_EQ(shown.view.drawCount(), drawn + 1);
     EXPECT_GT(shown.paints.count, 0);
     EXPECT_EQ(differences(shown.view, shown.state.fields()), 0);
 }

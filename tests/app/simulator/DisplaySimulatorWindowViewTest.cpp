@@ -2,17 +2,22 @@
 
 #include "DisplaySimulatorState.h"
 #include "EditorRuntime.h"
+#include "pages/DisplaySimulatorSettingsPageView.h"
 #include "simulator/DisplayCanvas.h"
 #include "simulator/RenderDisplay.h"
 #include "tests/app/support/RecordingDialogs.h"
 #include "tests/app/support/RecordingMIDISystem.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QDir>
 #include <QMenu>
+#include <QProcess>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 
 #include <gtest/gtest.h>
@@ -108,12 +113,13 @@ TEST(DisplaySimulatorWindowView, SetsThePictureInsideABlackBorder)
     QTest::qWait(50);
     const auto picture = shown.window.grab().toImage();
     const auto band = qRgb(0xD8, 0x5E, 0x09), area = qRgb(0xFF, 0x6F, 0x0C), black = qRgb(0, 0, 0);
-    EXPECT_EQ(picture.pixel(11, 11), black);
-    EXPECT_EQ(picture.pixel(12, 12), band);
-    EXPECT_EQ(picture.pixel(971, 12), band);
-    EXPECT_EQ(picture.pixel(972, 12), black);
-    EXPECT_EQ(picture.pixel(12, 521), area);
-    EXPECT_EQ(picture.pixel(12, 522), black);
+    const auto at = [&](int x, int y) { return picture.pixel(QPoint(x, y) * picture.devicePixelRatio()); };
+    EXPECT_EQ(at(11, 11), black);
+    EXPECT_EQ(at(12, 12), band);
+    EXPECT_EQ(at(971, 12), band);
+    EXPECT_EQ(at(972, 12), black);
+    EXPECT_EQ(at(12, 521), area);
+    EXPECT_EQ(at(12, 522), black);
 }
 
 TEST(DisplaySimulatorWindowView, HasNoFrameAndItsTitle)
@@ -191,6 +197,46 @@ TEST(DisplaySimulatorWindowView, ADoubleClickOfAnUnsteadyHandStillScales)
     QTest::mouseDClick(&shown.window, Qt::LeftButton, {}, {52, 51});
     EXPECT_EQ(shown.fields().displayWindowScale, 2);
     EXPECT_EQ(shown.window.pos(), place);
+}
+
+/// How far the window goes when the real pointer is dragged from inside it down to the right: a window manager that
+/// moves a window follows no other. Nothing where there is no way to move it.
+std::optional<QPoint> wayDragged(DisplaySimulatorWindowView& window, int button)
+{
+    window.move(100, 100);
+    QTest::qWait(50);
+    const auto before = window.pos();
+    const QPoint start = window.mapToGlobal(QPoint(50, 50)) * window.devicePixelRatio();
+    const auto drag = QStringLiteral("mousemove %1 %2 mousedown %3 %4 sleep 0.05 mouseup %3")
+                          .arg(start.x())
+                          .arg(start.y())
+                          .arg(button)
+                          .arg(QStringLiteral("sleep 0.05 mousemove_relative 40 30 ").repeated(4));
+    QProcess pointer;
+    pointer.start(QStringLiteral("xdotool"), drag.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    if (!QTest::qWaitFor([&] { return pointer.state() == QProcess::NotRunning; }, 5000)) return std::nullopt;
+    if (pointer.error() != QProcess::UnknownError || pointer.exitCode() != 0) return std::nullopt;
+    static_cast<void>(QTest::qWaitFor([&] { return window.pos() != before; }, 500));
+    return window.pos() - before;
+}
+
+TEST(DisplaySimulatorWindowView, ADragAnywhereInItMovesIt)
+{
+    Shown shown;
+    const auto way = wayDragged(shown.window, 1);
+    if (!way) GTEST_SKIP() << "there is no xdotool to move the pointer";
+    EXPECT_GT(way->x(), 0);
+    EXPECT_GT(way->y(), 0);
+    EXPECT_EQ(shown.fields().displayWindowScale, 1);
+}
+
+TEST(DisplaySimulatorWindowView, ADragWithTheRightButtonDoesNotMoveIt)
+{
+    Shown shown;
+    const auto way = wayDragged(shown.window, 3);
+    if (!way) GTEST_SKIP() << "there is no xdotool to move the pointer";
+    EXPECT_EQ(*way, QPoint(0, 0));
+    shown.menu().close();
 }
 
 TEST(DisplaySimulatorWindowView, OtherButtonsDoNotScale)
@@ -305,12 +351,35 @@ TEST(DisplaySimulatorWindowView, SavesThePictureAtItsOwnSizeWhateverTheScale)
               QByteArrayView(canvas.bytes().data(), static_cast<qsizetype>(canvas.bytes().size())));
 }
 
+/// An empty folder that is the current one for a while.
+class CurrentFolder
+{
+public:
+    CurrentFolder() { EXPECT_TRUE(QDir::setCurrent(m_folder.path())); }
+    CurrentFolder(const CurrentFolder&) = delete;
+    CurrentFolder& operator=(const CurrentFolder&) = delete;
+    ~CurrentFolder() { QDir::setCurrent(m_before); }
+
+    QStringList content() const { return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot); }
+
+private:
+    QString m_before = QDir::currentPath();
+    QTemporaryDir m_folder;
+};
+
 TEST(DisplaySimulatorWindowView, CancelledSavingWritesNothing)
 {
+    const CurrentFolder folder;
     Shown shown;
+    shown.dialogs.pathToSave = QStringLiteral("display_sim.png");
+    shown.choose(QStringLiteral("PNGで保存"));
+    ASSERT_EQ(folder.content(), QStringList{QStringLiteral("display_sim.png")}) << "a name alone lands here";
+    QFile::remove(QStringLiteral("display_sim.png"));
+
     shown.dialogs.pathToSave = std::nullopt;
     shown.choose(QStringLiteral("PNGで保存"));
-    EXPECT_EQ(shown.dialogs.proposedNames.size(), 1);
+    EXPECT_EQ(shown.dialogs.proposedNames.size(), 2);
+    EXPECT_EQ(folder.content(), QStringList());
 }
 
 TEST(DisplaySimulatorWindowView, FailedSavingIsDroppedWithoutAWord)
@@ -336,6 +405,51 @@ TEST(DisplaySimulatorWindowView, SavingReplacesAnOlderFileWhole)
     shown.choose(QStringLiteral("PNGで保存"));
     EXPECT_EQ(QImage(*shown.dialogs.pathToSave).size(), QSize(320, 170));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "no temporary is left";
+}
+
+// Rest
+
+/// Counts how often a timer of the program goes off; what the toolkit's controls do by themselves is no timer of ours.
+class TimerCounter : public QObject
+{
+public:
+    TimerCounter() { QCoreApplication::instance()->installEventFilter(this); }
+
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        if (event->type() == QEvent::Timer && qobject_cast<QTimer*>(receiver)) ++count;
+        return false;
+    }
+};
+
+TEST(DisplaySimulatorWindowView, NoTimerRunsWhileNothingMoves)
+{
+    Shown shown;
+    DisplaySimulatorSettingsPageView page(shown.state);
+    page.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&page));
+    QTest::qWait(100);
+    TimerCounter timers;
+    QTest::qWait(300);
+    EXPECT_EQ(timers.count, 0);
+    for (const QObject* owner : {static_cast<QObject*>(&shown.window), static_cast<QObject*>(&page)}) {
+        for (const auto* timer : owner->findChildren<QTimer*>())
+            EXPECT_FALSE(timer->isActive()) << owner->metaObject()->className();
+    }
+
+    shown.state.setFaceBlinking(true);
+    QTest::qWait(300);
+    EXPECT_GT(timers.count, 0) << "the blinking is seen";
+    shown.state.setFaceBlinking(false);
+    EXPECT_FALSE(shown.state.blinkTimer().isActive());
+    EXPECT_FALSE(shown.state.asciiTimer().isActive());
+    EXPECT_FALSE(shown.state.dotbarTimer().isActive());
+    timers.count = 0;
+    QTest::qWait(300);
+    EXPECT_EQ(timers.count, 0);
 }
 
 } // namespace
