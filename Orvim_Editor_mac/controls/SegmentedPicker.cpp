@@ -13,7 +13,7 @@ namespace orvim {
 namespace {
 
 constexpr double cornerRadius = 5;
-constexpr int sidePadding = 14;
+constexpr int sidePadding = 8;
 constexpr int topPadding = 5;
 
 class Segment : public QAbstractButton

@@ -1,0 +1,56 @@
+#include "controls/GraphDrawing.h"
+
+#include "controls/PaletteColors.h"
+#include "controls/ThemeColors.h"
+
+#include <QPainter>
+
+namespace orvim {
+
+namespace {
+
+constexpr float fillAlpha = 0.22F;
+
+QColor curveColor(const QPalette& palette)
+{
+    return isDark(palette) ? QColor(0x6C, 0xB6, 0xFF) : QColor(0x0B, 0x5C, 0xAD);
+}
+
+} // namespace
+
+GraphColors GraphColors::resolved(const QPalette& palette) const
+{
+    GraphColors result = *this;
+    if (!result.mainColor.isValid()) {
+        const bool isGrey = palette.currentColorGroup() == QPalette::Disabled;
+        result.mainColor =
+            isGrey ? mixedColor(palette, QPalette::WindowText, QPalette::Window, 0.5) : curveColor(palette);
+    }
+    if (!result.fillColor.isValid()) {
+        result.fillColor = result.mainColor;
+        result.fillColor.setAlphaF(fillAlpha);
+    }
+    return result;
+}
+
+void drawGraphGround(QPainter& painter, const QRectF& rect, const QPalette& palette)
+{
+    painter.setPen(QPen(separatorColor(palette), 1));
+    painter.setBrush(palette.color(QPalette::Base));
+    painter.drawRect(rect.adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
+void drawCurve(QPainter& painter, const QPolygonF& curve, double baseY, const GraphColors& colors)
+{
+    if (curve.isEmpty()) return;
+    QPolygonF area = curve;
+    area << QPointF(curve.last().x(), baseY) << QPointF(curve.first().x(), baseY);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colors.fillColor);
+    painter.drawPolygon(area);
+    painter.setPen(QPen(colors.mainColor, graphLineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPolyline(curve);
+}
+
+} // namespace orvim

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+
+namespace orvim {
+
+class SliderNumberField;
+class TickSnappingSlider;
+
+/// A slider over whole numbers with its number beside it; either changes the other.
+class NumberSlider : public QWidget
+{
+    Q_OBJECT
+
+public:
+    NumberSlider(const QString& caption, int lowest, int highest, QWidget* parent = nullptr);
+
+    double value() const;
+    /// The program's side, silent.
+    void setValue(double value);
+
+Q_SIGNALS:
+    /// The user has chosen another value.
+    void valueChanged(double value);
+
+private:
+    TickSnappingSlider* m_slider = nullptr;
+    SliderNumberField* m_field = nullptr;
+};
+
+} // namespace orvim

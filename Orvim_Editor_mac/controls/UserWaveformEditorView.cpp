@@ -1,0 +1,30 @@
+#include "controls/UserWaveformEditorView.h"
+
+#include "controls/UserWaveformNSView.h"
+
+#include <QVBoxLayout>
+
+namespace orvim {
+
+UserWaveformEditorView::UserWaveformEditorView(QWidget* parent)
+    : QWidget(parent), m_surface(new UserWaveformNSView(this))
+{
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_surface);
+    m_surface->setObjectName(QStringLiteral("waveform"));
+    m_surface->setOnEditingEnded([this](const tonavelle::UserWaveform& samples) { Q_EMIT edited(samples); });
+    setFocusProxy(m_surface);
+}
+
+const tonavelle::UserWaveform& UserWaveformEditorView::samples() const
+{
+    return m_surface->currentSamples();
+}
+
+void UserWaveformEditorView::setSamples(const tonavelle::UserWaveform& samples)
+{
+    if (!m_surface->isEditing()) m_surface->setCurrentSamples(samples);
+}
+
+} // namespace orvim

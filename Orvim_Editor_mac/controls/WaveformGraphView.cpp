@@ -1,0 +1,80 @@
+#include "controls/WaveformGraphView.h"
+
+#include "controls/ThemeColors.h"
+
+#include <QEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace orvim {
+
+namespace {
+
+constexpr int margin = 10;
+constexpr int topMargin = 8;
+constexpr QSize curveSize(256, 64);
+constexpr QSize viewSize(curveSize.width() + 2 * margin, curveSize.height() + 2 * topMargin);
+
+} // namespace
+
+WaveformGraphView::WaveformGraphView(QWidget* parent) : QWidget(parent)
+{
+    setFixedSize(viewSize);
+    setAccessibleName(tr("波形のグラフ"));
+}
+
+void WaveformGraphView::setWave(const WaveformGraphParameters& parameters,
+                                const std::optional<std::vector<std::int16_t>>& userSamples)
+{
+    if (parameters == m_parameters && userSamples == m_userSamples) return;
+    m_parameters = parameters;
+    m_userSamples = userSamples;
+    update();
+}
+
+void WaveformGraphView::setCounts(int sampleCount, int phaseCount)
+{
+    m_sampleCount = std::max(sampleCount, 1);
+    m_phaseCount = std::max(phaseCount, 1);
+    update();
+}
+
+void WaveformGraphView::setColors(const GraphColors& colors)
+{
+    m_colors = colors;
+    update();
+}
+
+QSize WaveformGraphView::sizeHint() const
+{
+    return viewSize;
+}
+
+void WaveformGraphView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    drawGraphGround(painter, rect(), palette());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(margin, topMargin);
+    const double middle = curveSize.height() / 2.0 - 0.5;
+    painter.setPen(QPen(separatorColor(palette()), 1));
+    painter.drawLine(QPointF(0, middle), QPointF(curveSize.width() - 1, middle));
+    const auto wave = WaveformGraph::wave(m_parameters, m_userSamples.value_or(std::vector<std::int16_t>()),
+                                          m_sampleCount, m_phaseCount);
+    // A column for each pixel of the screen, which may be finer than the window's own.
+    const double scale = devicePixelRatioF();
+    const QSize pixels = (QSizeF(curveSize) * scale).toSize();
+    QPolygonF curve;
+    for (int x = 0; const int y : WaveformGraph::columns(wave, pixels.width(), pixels.height()))
+        curve << QPointF(x++ / scale, y / scale);
+    drawCurve(painter, curve, middle, m_colors.resolved(palette()));
+}
+
+void WaveformGraphView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange) update();
+}
+
+} // namespace orvim

@@ -1,0 +1,135 @@
+#include "controls/PreviewPatchListView.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gmock/gmock.h>
+
+namespace orvim {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class PreviewPatchListViewTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        QStringList rows;
+        for (int row = 0; row < 128; ++row)
+            rows << QStringLiteral("%1:Row").arg(row + 1, 3, 10, QLatin1Char('0'));
+        list->setItems(rows);
+        list->setSelectedIndex(0);
+        QObject::connect(list, &PreviewPatchListView::rowSelected, list, [this](int row) { note("select", row); });
+        QObject::connect(list, &PreviewPatchListView::rowPressed, list, [this](int row) { note("press", row); });
+        QObject::connect(list, &PreviewPatchListView::rowReleased, list, [this] { told.emplace_back("release"); });
+        auto* const layout = new QVBoxLayout(&window);
+        layout->addWidget(list);
+        layout->addWidget(field);
+        window.resize(240, 300);
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    void note(const char* what, int row) { told.push_back(std::string(what) + " " + std::to_string(row)); }
+    QPoint middleOf(int row) const { return list->visualRect(list->model()->index(row, 0)).center(); }
+    void pressRow(int row) { QTest::mousePress(list->viewport(), Qt::LeftButton, {}, middleOf(row)); }
+    void releaseRow(int row) { QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, middleOf(row)); }
+
+    std::vector<std::string> told;
+    QWidget window;
+    PreviewPatchListView* list = new PreviewPatchListView;
+    QLineEdit* field = new QLineEdit;
+};
+
+TEST_F(PreviewPatchListViewTest, APressChoosesTheRowAndHoldsItUntilTheRelease)
+{
+    pressRow(3);
+    EXPECT_EQ(list->pressedIndex(), 3);
+    releaseRow(3);
+    EXPECT_THAT(told, ElementsAre("select 3", "press 3", "release"));
+    EXPECT_EQ(list->pressedIndex(), std::nullopt);
+}
+
+TEST_F(PreviewPatchListViewTest, ADragOverOtherRowsKeepsTheFirst)
+{
+    pressRow(2);
+    QTest::mouseMove(list->viewport(), middleOf(5));
+    releaseRow(5);
+    EXPECT_THAT(told, ElementsAre("select 2", "press 2", "release"));
+    EXPECT_EQ(list->selectedIndex(), 2);
+}
+
+TEST_F(PreviewPatchListViewTest, ArrowsChooseAndTheSpaceBarPlays)
+{
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyPress(list, Qt::Key_Space);
+    EXPECT_EQ(list->pressedIndex(), 1);
+    QTest::keyRelease(list, Qt::Key_Space);
+    EXPECT_THAT(told, ElementsAre("select 1", "press 1", "release"));
+}
+
+TEST_F(PreviewPatchListViewTest, ASpaceBarHeldDownPlaysOnce)
+{
+    list->setFocus();
+    QTest::keyPress(list, Qt::Key_Space);
+    QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
+    QApplication::sendEvent(list, &repeat);
+    QKeyEvent repeatedRelease(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
+    QApplication::sendEvent(list, &repeatedRelease);
+    EXPECT_THAT(told, ElementsAre("press 0"));
+    QTest::keyRelease(list, Qt::Key_Space);
+    EXPECT_THAT(told, ElementsAre("press 0", "release"));
+}
+
+TEST_F(PreviewPatchListViewTest, LosingTheFocusOrBeingHiddenLetsTheRowGo)
+{
+    list->setFocus();
+    QTest::keyPress(list, Qt::Key_Space);
+    field->setFocus();
+    EXPECT_EQ(told.back(), "release");
+    pressRow(1);
+    told.clear();
+    list->hide();
+    EXPECT_THAT(told, ElementsAre("release"));
+    list->show();
+    releaseRow(1);
+    EXPECT_THAT(told, ElementsAre("release"));
+}
+
+TEST_F(PreviewPatchListViewTest, TheProgramsSelectionIsSilentAndScrolledIntoView)
+{
+    list->setSelectedIndex(120);
+    EXPECT_THAT(told, IsEmpty());
+    EXPECT_TRUE(list->viewport()->rect().contains(middleOf(120)));
+    list->setSelectedIndex(500);
+    EXPECT_EQ(list->selectedIndex(), 120);
+}
+
+TEST_F(PreviewPatchListViewTest, ARenamedRowKeepsTheSelectionAndThePlace)
+{
+    list->setSelectedIndex(90);
+    const int top = list->indexAt({5, 5}).row();
+    QStringList rows = list->items();
+    rows[90] = QStringLiteral("091:Bell");
+    list->setItems(rows);
+    EXPECT_EQ(list->selectedIndex(), 90);
+    EXPECT_EQ(list->indexAt({5, 5}).row(), top);
+    EXPECT_EQ(list->items()[90], QStringLiteral("091:Bell"));
+    EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(PreviewPatchListViewTest, OtherButtonsAndEmptyGroundPlayNothing)
+{
+    QTest::mouseClick(list->viewport(), Qt::RightButton, {}, middleOf(2));
+    list->setItems({QStringLiteral("only")});
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, {20, 200});
+    EXPECT_THAT(told, IsEmpty());
+}
+
+} // namespace
+} // namespace orvim
