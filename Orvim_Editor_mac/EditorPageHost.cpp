@@ -5,6 +5,7 @@
 #include "pages/CommandPageView.h"
 #include "pages/DisplaySimulatorSettingsPageView.h"
 #include "pages/InformationPageView.h"
+#include "pages/ToneEditorPageView.h"
 
 #include <QLabel>
 
@@ -21,18 +22,20 @@ QWidget* makeEmptyBody()
 
 } // namespace
 
-EditorPageHost::EditorPageHost(EditorRuntime& runtime, QWidget* parent) : QStackedWidget(parent)
+EditorPageHost::EditorPageHost(EditorRuntime& runtime, Dialogs& dialogs, QWidget* parent) : QStackedWidget(parent)
 {
     for (const EditorPage page : allEditorPages)
         addPage(new PageScaffold(page, this));
     page(EditorPage::command).setContent(new CommandPageView(runtime));
+    auto* const toneEditor = new ToneEditorPageView(runtime, dialogs);
+    toneEditor->fillHeader(page(EditorPage::toneEditor).header());
+    page(EditorPage::toneEditor).setContent(toneEditor);
     page(EditorPage::information).setContent(new InformationPageView);
     auto* const settings = new DisplaySimulatorSettingsPageView(runtime.displaySimulator());
     connect(settings, &DisplaySimulatorSettingsPageView::windowRequested, this,
             &EditorPageHost::simulatorWindowRequested);
     page(EditorPage::displaySimulatorSettings).setContent(settings);
-    for (const EditorPage unfinished :
-         {EditorPage::toneEditor, EditorPage::imageTransfer, EditorPage::samplingSound, EditorPage::lyrics})
+    for (const EditorPage unfinished : {EditorPage::imageTransfer, EditorPage::samplingSound, EditorPage::lyrics})
         page(unfinished).setContent(makeEmptyBody());
 
     const auto showSelected = [this](EditorPage page) { setCurrentIndex(static_cast<int>(page)); };

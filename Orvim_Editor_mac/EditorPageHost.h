@@ -8,6 +8,7 @@
 
 namespace orvim {
 
+class Dialogs;
 class EditorRuntime;
 class PageScaffold;
 
@@ -17,7 +18,7 @@ class EditorPageHost : public QStackedWidget
     Q_OBJECT
 
 public:
-    explicit EditorPageHost(EditorRuntime& runtime, QWidget* parent = nullptr);
+    EditorPageHost(EditorRuntime& runtime, Dialogs& dialogs, QWidget* parent = nullptr);
 
     PageScaffold& page(EditorPage page) const;
 

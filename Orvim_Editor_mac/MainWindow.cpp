@@ -62,7 +62,7 @@ void MainWindow::makeContent()
     auto* const splitter = new QSplitter;
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(new EditorSidebar(m_runtime));
-    m_pages = new EditorPageHost(m_runtime);
+    m_pages = new EditorPageHost(m_runtime, m_dialogs);
     splitter->addWidget(m_pages);
     splitter->setStretchFactor(1, 1);
 

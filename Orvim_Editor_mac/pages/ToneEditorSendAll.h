@@ -1,0 +1,29 @@
+#pragma once
+
+namespace orvim {
+
+class DisplaySimulatorState;
+class MIDIOutManager;
+class ToneEditorModel;
+class ToneEditorPreviews;
+
+/// Sends everything that the editor holds, so that the module becomes what the editor believes it to be: some 3,000
+/// messages, each an entry of the log. What is sent is the state at the start, also where the window lives on while a
+/// slow output takes it.
+class ToneEditorSendAll
+{
+public:
+    ToneEditorSendAll(ToneEditorModel& model, ToneEditorPreviews& previews, MIDIOutManager& midiOutManager,
+                      DisplaySimulatorState& displaySimulator);
+
+    void sendAll();
+
+private:
+    ToneEditorModel& m_model;
+    ToneEditorPreviews& m_previews;
+    MIDIOutManager& m_midiOutManager;
+    DisplaySimulatorState& m_displaySimulator;
+    bool m_isSending = false;
+};
+
+} // namespace orvim

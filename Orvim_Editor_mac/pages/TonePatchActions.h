@@ -1,0 +1,46 @@
+#pragma once
+
+#include "core/tone/ToneParameterTable.h"
+
+#include <QString>
+
+namespace orvim {
+
+class DisplaySimulatorState;
+class MIDIOutManager;
+class ToneEditorModel;
+
+/// What the tabs of the user melodies and drums do to the selected patch. A sound goes out whole at each change.
+class TonePatchActions
+{
+public:
+    TonePatchActions(ToneEditorModel& model, MIDIOutManager& midiOutManager, DisplaySimulatorState& displaySimulator);
+
+    void selectUserMelody(int row);
+    /// Keeps the first 12 characters, a blank for each that the module lacks.
+    void setUserMelodyName(const QString& name);
+    void choosePreset(int row);
+    void setUserMelody(tonavelle::ToneParameterID id, double value);
+
+    void selectUserDrum(int row);
+    /// Limited as the name of a melody.
+    void setDrumSetName(const QString& name);
+    /// The editor's own: the module has no name for a note, and nothing is sent.
+    void setUserDrumName(const QString& name);
+    /// The pitch, 0...127, at which the module plays the note.
+    void setUserDrumNoteNumber(double value);
+    void setUserDrum(tonavelle::ToneParameterID id, double value);
+
+private:
+    void sendUserMelody();
+    void sendUserDrum();
+
+    ToneEditorModel& m_model;
+    MIDIOutManager& m_midiOutManager;
+    DisplaySimulatorState& m_displaySimulator;
+};
+
+/// What a field for a patch name lets through.
+QString limitedName(const QString& text);
+
+} // namespace orvim

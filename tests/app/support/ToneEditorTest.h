@@ -1,0 +1,62 @@
+#pragma once
+
+#include "pages/ToneEditorActions.h"
+#include "tests/app/support/PluggedRuntime.h"
+#include "tests/app/support/RecordingDialogs.h"
+#include "tests/support/Bytes.h"
+
+#include <QCoreApplication>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+namespace orvim::test {
+
+/// The tone editor without a window. Normal sends and the notes played stand apart: they go out on threads of their
+/// own.
+class ToneEditorTest : public testing::Test
+{
+protected:
+    tonavelle::Batch sent(MIDILane lane = MIDILane::normal) const
+    {
+        tonavelle::Batch messages;
+        for (const auto& entry : plugged.system.sent())
+            if (entry.lane == lane) messages.push_back(entry.message);
+        return messages;
+    }
+
+    /// What was played, once `count` messages have gone out.
+    tonavelle::Batch played(std::size_t count) const
+    {
+        (void)QTest::qWaitFor([&] { return sent(MIDILane::realtime).size() >= count; });
+        return sent(MIDILane::realtime);
+    }
+
+    QString status() const { return plugged.runtime.midiOutManager().statusMessage(); }
+    /// The labels of the log's entries, in order.
+    QStringList labels() const
+    {
+        QStringList result;
+        for (const QString& line : plugged.log().split(QLatin1Char('\n')))
+            if (line.startsWith(QStringLiteral(" ["))) result << line.mid(2, line.size() - 3);
+        return result;
+    }
+
+    void forget()
+    {
+        plugged.system.forgetSent();
+        plugged.runtime.logStore().clear();
+    }
+
+    const ToneEditorState& state() const { return actions.state(); }
+    const tonavelle::PerformanceMonitorPart& part(std::size_t channel) const
+    {
+        return plugged.screen().performanceMonitor.parts[channel];
+    }
+
+    PluggedRuntime plugged;
+    RecordingDialogs dialogs;
+    ToneEditorActions actions{plugged.runtime, dialogs};
+};
+
+} // namespace orvim::test
