@@ -48,7 +48,7 @@ void drawCurve(QPainter& painter, const QPolygonF& curve, double baseY, const Gr
     painter.setPen(Qt::NoPen);
     painter.setBrush(colors.fillColor);
     painter.drawPolygon(area);
-    painter.setPen(QPen(colors.mainColor, graphLineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(colors.mainColor, graphLineWidth, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin));
     painter.setBrush(Qt::NoBrush);
     painter.drawPolyline(curve);
 }
