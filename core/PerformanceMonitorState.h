@@ -10,9 +10,9 @@ namespace tonavelle {
 
 /// What one MIDI channel is set to play, as the module's performance monitor lists it.
 struct PerformanceMonitorPart {
-    std::string name;        ///< UTF-8 label, such as "001:Piano 1"
-    bool isUserBank = false; ///< the part plays a user tone
-    bool isDrum = false;     ///< the part plays a drum set
+    std::string name;         ///< UTF-8 label, such as "001:Piano 1"
+    bool isUserBank = false;  ///< the part plays a user tone
+    bool isDrum = false;      ///< the part plays a drum set
     std::uint8_t program = 0; ///< 0...127
 
     bool operator==(const PerformanceMonitorPart&) const = default;

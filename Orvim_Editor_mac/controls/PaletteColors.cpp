@@ -1,10 +1,8 @@
 #include "controls/PaletteColors.h"
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 QColor mixed(const QColor& over, const QColor& under, double weight)
 {

@@ -2,8 +2,7 @@
 
 #include <QPalette>
 
-namespace orvim
-{
+namespace orvim {
 
 /// `weight` parts of the first role's colour in the second one's: right on light and dark themes alike.
 QColor mixedColor(const QPalette& palette, QPalette::ColorRole over, QPalette::ColorRole under, double weight);

@@ -4,11 +4,9 @@
 
 #include <QAccessibleWidget>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterface
 {

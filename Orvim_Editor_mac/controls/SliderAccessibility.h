@@ -1,7 +1,6 @@
 #pragma once
 
-namespace orvim
-{
+namespace orvim {
 
 /// Makes every TickSnappingSlider known to assistive programs as a slider with its value; further calls do nothing.
 void installSliderAccessibility();

@@ -7,11 +7,9 @@
 #include <cmath>
 #include <optional>
 
-namespace orvim
-{
+namespace orvim {
 
-namespace
-{
+namespace {
 
 std::optional<double> wholeNumber(const QString& text)
 {

@@ -2,8 +2,7 @@
 
 #include <QLineEdit>
 
-namespace orvim
-{
+namespace orvim {
 
 /// The number beside a slider: shows its value rounded, takes a whole number on Return or when the focus leaves, and
 /// limits it to the rounded ends of the range. What is no whole number brings back the former one.

@@ -4,8 +4,7 @@
 #include <cmath>
 #include <limits>
 
-namespace orvim
-{
+namespace orvim {
 
 double snappedToStep(double value, const SliderRange& range)
 {

@@ -1,7 +1,6 @@
 #pragma once
 
-namespace orvim
-{
+namespace orvim {
 
 /// The closed range of a slider and the grid of steps that starts at its lower end. A step of 0 or less means no grid.
 struct SliderRange {

@@ -2,8 +2,7 @@
 
 #include "controls/TickSnappingSlider.h"
 
-namespace orvim
-{
+namespace orvim {
 
 /// An upright slider with a tick mark beside its track for each value it can take.
 class VerticalIndicatorSlider : public TickSnappingSlider

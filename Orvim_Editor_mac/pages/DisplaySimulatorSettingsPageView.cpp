@@ -327,7 +327,8 @@ void DisplaySimulatorSettingsPageView::showIndicators(const DisplayFields& field
     m_leftValue->setNum(fields.leftLevel);
     m_rightValue->setNum(fields.rightLevel);
     m_subDisplay->setCurrentIndex(static_cast<int>(fields.subDisplay));
-    // Setting even the same number would take away what the user is typing, and a blinking face changes the state often.
+    // Setting even the same number would take away what the user is typing, and a blinking face changes the state
+    // often.
     if (m_voiceCount->value() != fields.voiceCount) {
         const QSignalBlocker blocker(m_voiceCount);
         m_voiceCount->setValue(fields.voiceCount);

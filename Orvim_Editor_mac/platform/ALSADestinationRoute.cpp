@@ -4,8 +4,7 @@
 #include <cerrno>
 #include <utility>
 
-namespace orvim
-{
+namespace orvim {
 
 ALSADestinationRoute::ALSADestinationRoute(SequencerAddress destinationAddress, SequencerNames sequencerNames,
                                            std::shared_ptr<std::atomic<std::uint64_t>> disturbedMessages)

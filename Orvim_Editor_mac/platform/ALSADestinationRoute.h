@@ -11,8 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// The names under which the editor shows up in the sequencer.
 struct SequencerNames {

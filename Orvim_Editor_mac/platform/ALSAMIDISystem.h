@@ -15,8 +15,7 @@
 #include <set>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// MIDI by the sequencer of the Linux kernel. Statuses are negative error numbers: -ENOENT and -EACCES from creating
 /// the client, -ENODEV for a destination that is gone, -ETIMEDOUT for one that takes nothing for 5 s, -EAGAIN for one

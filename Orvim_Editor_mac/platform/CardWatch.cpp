@@ -6,10 +6,8 @@
 #include <string>
 #include <unistd.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 std::string controlDevice(int card)
 {

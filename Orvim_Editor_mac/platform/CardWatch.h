@@ -6,8 +6,7 @@
 #include <span>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// Sees sound cards being pulled out, at once and even in the middle of a transfer, when the sequencer is seconds late.
 class CardWatch

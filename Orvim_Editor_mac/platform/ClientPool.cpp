@@ -7,8 +7,7 @@
 #include <cerrno>
 #include <sound/asequencer.h>
 
-namespace orvim
-{
+namespace orvim {
 
 MIDIStatus readClientPool(int descriptor, std::uint8_t client, ClientPool& pool)
 {

@@ -5,8 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace orvim
-{
+namespace orvim {
 
 /// The cells in which the sequencer keeps what a program has yet to read.
 struct ClientPool {

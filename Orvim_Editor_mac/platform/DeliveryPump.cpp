@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 DeliveryPump::Step failure(MIDIStatus status)
 {

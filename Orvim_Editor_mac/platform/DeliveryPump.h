@@ -8,8 +8,7 @@
 #include <optional>
 #include <span>
 
-namespace orvim
-{
+namespace orvim {
 
 /// The times by which a destination is served.
 struct DeliveryTimes {

@@ -4,8 +4,7 @@
 
 #include <utility>
 
-namespace orvim
-{
+namespace orvim {
 
 MIDIStatus DestinationDirectory::open(const std::string& clientName)
 {

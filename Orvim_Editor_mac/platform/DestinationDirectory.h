@@ -10,8 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// A destination with its handle.
 struct DestinationRow {

@@ -4,10 +4,8 @@
 #include <tuple>
 #include <utility>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 constexpr std::uint8_t systemClient = 0;
 

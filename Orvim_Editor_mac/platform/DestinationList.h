@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// One row of the list of destinations.
 struct ListedDestination {

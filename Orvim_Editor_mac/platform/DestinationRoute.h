@@ -6,8 +6,7 @@
 #include <cstdint>
 #include <span>
 
-namespace orvim
-{
+namespace orvim {
 
 /// What a look at a destination found.
 struct RouteLook {

@@ -1,9 +1,7 @@
 #include "platform/EndpointTable.h"
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 template <typename Key>
 std::uint16_t generation(const std::map<Key, std::uint16_t>& generations, const Key& key)

@@ -7,8 +7,7 @@
 #include <map>
 #include <set>
 
-namespace orvim
-{
+namespace orvim {
 
 /// Gives each destination its handle: generation (16 bits), client (8), port (8). The generation of an address grows
 /// with each start or exit seen for it, so that a device that was plugged in again, or another one that got the same

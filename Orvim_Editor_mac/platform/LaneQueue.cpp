@@ -2,8 +2,7 @@
 
 #include <utility>
 
-namespace orvim
-{
+namespace orvim {
 
 void LaneQueue::push(QueuedMessageRef message)
 {

@@ -8,8 +8,7 @@
 #include <memory>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// One message on its way; shared, so that a queue can be emptied while its first message is being written.
 struct QueuedMessage {

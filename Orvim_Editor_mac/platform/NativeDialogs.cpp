@@ -85,7 +85,8 @@ std::optional<QString> NativeDialogs::savePath(const QString& proposedName, File
     const QString path = withExtension(paths.first(), kind);
     // The dialog has asked about the name that was typed, and this one may stand for another file.
     const bool isOtherFile = path != paths.first() && QFileInfo::exists(path);
-    if (isOtherFile && !askYesNo(QStringLiteral("%1 はすでに存在します。上書きしますか？").arg(QFileInfo(path).fileName())))
+    if (isOtherFile &&
+        !askYesNo(QStringLiteral("%1 はすでに存在します。上書きしますか？").arg(QFileInfo(path).fileName())))
         return std::nullopt;
     return path;
 }

@@ -2,10 +2,8 @@
 
 #include <charconv>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 std::string_view nextLine(std::string_view& text)
 {

@@ -6,8 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// One stream of a raw MIDI device, as the kernel's text about the device shows it.
 struct RawMIDIStream {

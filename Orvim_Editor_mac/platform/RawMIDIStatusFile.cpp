@@ -4,10 +4,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 constexpr unsigned portsPerDevice = 32;
 

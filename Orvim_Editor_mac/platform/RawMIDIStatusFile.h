@@ -7,8 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// The raw MIDI device of a card, and the output of that device, that a device port of the sequencer leads to.
 unsigned deviceOf(SequencerAddress address);

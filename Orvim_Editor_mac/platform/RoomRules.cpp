@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 constexpr std::size_t headroom = 256;     ///< bytes of a ring that stay free
 constexpr std::size_t bytesPerCell = 28;  ///< of a system exclusive message in a receiver's pool

@@ -7,8 +7,7 @@
 #include <optional>
 #include <span>
 
-namespace orvim
-{
+namespace orvim {
 
 /// Whether a message of `length` bytes may be written now to output `subdevice` of a device with these streams. The
 /// sequencer drops what does not fit into the ring without a word, so some of it is always left free. Absent when

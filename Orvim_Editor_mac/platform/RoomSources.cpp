@@ -7,10 +7,8 @@
 #include <cerrno>
 #include <cstdio>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 /// The ring between the sequencer and the driver of a device.
 class HardwareRing : public RoomSource

@@ -9,8 +9,7 @@
 #include <optional>
 #include <vector>
 
-namespace orvim
-{
+namespace orvim {
 
 /// Knows how much a receiver behind a destination can take.
 class RoomSource

@@ -6,10 +6,8 @@
 #include <cerrno>
 #include <mutex>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 constexpr unsigned inactivePort = 1u << 8; ///< a capability that this version of alsa-lib has no name for
 constexpr std::size_t encoderBytes = 256;  ///< the longest channel or system message has three

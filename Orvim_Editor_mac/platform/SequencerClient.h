@@ -13,8 +13,7 @@
 struct _snd_seq;
 struct snd_midi_event;
 
-namespace orvim
-{
+namespace orvim {
 
 /// News about a client or port of the sequencer.
 struct SequencerAnnouncement {

@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <string>
 
-namespace orvim
-{
+namespace orvim {
 
 /// Where a port of the machine's sequencer is found. Numbers are used again for other clients and ports.
 struct SequencerAddress {

@@ -10,10 +10,8 @@
 #include <utility>
 #include <vector>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 constexpr std::size_t newsIndex = 0;
 constexpr std::size_t cardsIndex = 2; ///< after the descriptor that wakes the thread

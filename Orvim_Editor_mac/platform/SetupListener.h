@@ -8,8 +8,7 @@
 #include <set>
 #include <thread>
 
-namespace orvim
-{
+namespace orvim {
 
 /// Follows, on a thread of its own, what is plugged in and pulled out, started and ended.
 class SetupListener

@@ -1,7 +1,6 @@
 #include "platform/StallWatch.h"
 
-namespace orvim
-{
+namespace orvim {
 
 StallWatch::Verdict StallWatch::look(std::uint64_t progress, TimePoint now)
 {

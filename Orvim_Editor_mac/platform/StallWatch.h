@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace orvim
-{
+namespace orvim {
 
 /// How long a receiver may stand still.
 struct StallLimits {

@@ -3,8 +3,7 @@
 #include <pthread.h>
 #include <sched.h>
 
-namespace orvim
-{
+namespace orvim {
 
 void becomeRealtimeThread(const std::string& name)
 {

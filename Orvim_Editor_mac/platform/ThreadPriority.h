@@ -2,8 +2,7 @@
 
 #include <string>
 
-namespace orvim
-{
+namespace orvim {
 
 /// Names the calling thread and asks for realtime scheduling, which ordinary users are often refused; without it the
 /// thread goes on as it is. Children of the thread do not inherit it.

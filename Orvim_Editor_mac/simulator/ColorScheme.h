@@ -5,8 +5,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace orvim
-{
+namespace orvim {
 
 /// The five colours that a colour mode puts on the screen, 0xRRGGBB each.
 struct ColorScheme {

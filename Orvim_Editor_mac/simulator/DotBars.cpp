@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-namespace orvim
-{
+namespace orvim {
 
 BarValues normalizedBarValues(std::span<const int> values)
 {

@@ -5,8 +5,7 @@
 #include <array>
 #include <span>
 
-namespace orvim
-{
+namespace orvim {
 
 using BarValues = std::array<int, dotGridSize>; ///< 0...16 each
 

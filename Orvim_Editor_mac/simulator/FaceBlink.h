@@ -2,8 +2,7 @@
 
 #include <array>
 
-namespace orvim
-{
+namespace orvim {
 
 /// One blink cycle is 72 ticks of 0.07 s: a single blink at its start, a double one in its middle.
 inline constexpr int blinkCycleTicks = 72;

@@ -3,8 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace tonavelle
-{
+namespace tonavelle {
 
 /// One whole MIDI message; a System Exclusive one runs from 0xF0 to 0xF7.
 using Message = std::vector<std::uint8_t>;

@@ -29,7 +29,8 @@ public:
         m_lineCount += text.count(QLatin1Char('\n'));
         if (m_lineCount <= limit) return;
         qsizetype cut = 0;
-        for (qsizetype seen = 0; m_lineCount - seen > limit; ++seen) cut = m_text.indexOf(QLatin1Char('\n'), cut) + 1;
+        for (qsizetype seen = 0; m_lineCount - seen > limit; ++seen)
+            cut = m_text.indexOf(QLatin1Char('\n'), cut) + 1;
         m_text.remove(0, cut);
         m_lineCount = m_text.count(QLatin1Char('\n'));
     }
@@ -44,8 +45,10 @@ void appendToFullLog(benchmark::State& state)
 {
     Log log;
     const QString text = line();
-    for (qsizetype i = 0; i < limit; ++i) log.append(text);
-    for (auto _ : state) log.append(text);
+    for (qsizetype i = 0; i < limit; ++i)
+        log.append(text);
+    for (auto _ : state)
+        log.append(text);
 }
 BENCHMARK(appendToFullLog<LiteralLog>)->Unit(benchmark::kMicrosecond);
 BENCHMARK(appendToFullLog<MIDIOutLogStore>)->Unit(benchmark::kMicrosecond);
@@ -61,7 +64,8 @@ void burstLineByLine(benchmark::State& state)
     QCoreApplication::processEvents();
     const QString text = line().chopped(1);
     for (auto _ : state) {
-        for (int i = 0; i < 1000; ++i) view.appendPlainText(text);
+        for (int i = 0; i < 1000; ++i)
+            view.appendPlainText(text);
         QCoreApplication::processEvents();
     }
 }
@@ -76,7 +80,8 @@ void burstIntoLogTextView(benchmark::State& state)
     QCoreApplication::processEvents();
     const QString text = line();
     for (auto _ : state) {
-        for (int i = 0; i < 1000; ++i) store.append(text);
+        for (int i = 0; i < 1000; ++i)
+            store.append(text);
         QCoreApplication::processEvents();
     }
 }

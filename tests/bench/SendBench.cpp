@@ -24,7 +24,8 @@ tonavelle::Message rowMessage()
 
 void fillLog(PluggedRuntime& plugged)
 {
-    for (int i = 0; i < 300; ++i) plugged.runtime.midiOutManager().send(rowMessage(), QStringLiteral("Row"));
+    for (int i = 0; i < 300; ++i)
+        plugged.runtime.midiOutManager().send(rowMessage(), QStringLiteral("Row"));
     QCoreApplication::processEvents();
     plugged.system.forgetSent();
 }
@@ -33,7 +34,8 @@ void recordingAlone(benchmark::State& state)
 {
     PluggedRuntime plugged;
     const auto message = rowMessage();
-    for (auto _ : state) benchmark::DoNotOptimize(plugged.system.send(1, 1, message, MIDILane::normal));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(plugged.system.send(1, 1, message, MIDILane::normal));
 }
 BENCHMARK(recordingAlone)->Iterations(10'000)->Unit(benchmark::kMicrosecond);
 
@@ -45,7 +47,8 @@ void sendOneRow(benchmark::State& state)
     fillLog(plugged);
     const auto message = rowMessage();
     const QString label = QStringLiteral("Image Transfer color 64x64");
-    for (auto _ : state) plugged.runtime.midiOutManager().send(message, label);
+    for (auto _ : state)
+        plugged.runtime.midiOutManager().send(message, label);
     QCoreApplication::processEvents();
 }
 BENCHMARK(sendOneRow)->Iterations(10'000)->Unit(benchmark::kMicrosecond);
@@ -61,7 +64,8 @@ void sendMany(benchmark::State& state)
     const auto message = rowMessage();
     const QString label = QStringLiteral("Image Transfer color 64x64");
     for (auto _ : state) {
-        for (std::int64_t i = 0; i < state.range(0); ++i) plugged.runtime.midiOutManager().send(message, label);
+        for (std::int64_t i = 0; i < state.range(0); ++i)
+            plugged.runtime.midiOutManager().send(message, label);
         QCoreApplication::processEvents();
     }
 }

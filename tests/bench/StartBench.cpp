@@ -15,11 +15,10 @@
 #include <QProcess>
 #include <QWindow>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -49,7 +48,8 @@ double residentMegabytes()
 int showOnce(QMainWindow& window)
 {
     window.show();
-    while (!window.windowHandle()->isExposed()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    while (!window.windowHandle()->isExposed())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     window.repaint();
     std::printf("%f %f\n", secondsSinceProcessStart() * 1e3, residentMegabytes());
     std::fflush(stdout);
@@ -89,7 +89,8 @@ double pageChangeMilliseconds()
     orvim::test::RecordingDialogs dialogs;
     orvim::MainWindow window(plugged.runtime, dialogs);
     window.show();
-    while (!window.windowHandle()->isExposed()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    while (!window.windowHandle()->isExposed())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     std::vector<double> times;
     for (int i = 0; i < runCount * 7; ++i) {
         QElapsedTimer timer;

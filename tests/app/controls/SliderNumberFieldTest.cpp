@@ -6,10 +6,8 @@
 
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 /// A number field with the focus, and a neighbour to leave it for.
 struct Shown {

@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 

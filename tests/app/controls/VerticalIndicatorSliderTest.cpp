@@ -4,10 +4,8 @@
 
 #include <gtest/gtest.h>
 
-namespace orvim
-{
-namespace
-{
+namespace orvim {
+namespace {
 
 int marksIn(const QImage& picture, int x)
 {
