@@ -114,7 +114,6 @@ public:
         const std::scoped_lock lock(m_mutex);
         m_attempted.emplace_back(message.begin(), message.end());
         if (m_sent.size() >= failAfter) return sendStatus;
-        if (onSend) onSend();
         m_sent.push_back({endpoint, {message.begin(), message.end()}, lane});
         return 0;
     }
@@ -138,10 +137,9 @@ public:
     std::string portName;
     std::function<void()> setupChanged;
     DeliveryFailure deliveryFailed;
-    std::function<void()> onSend; ///< what happens while a send waits for room
+    std::function<void()> onSend; ///< called with each message, before it is taken
     std::vector<MIDIEndpointRef> selections;
     std::vector<std::string> disposals;
-    std::function<void()> onSend; ///< called with each message that is taken
 
 private:
     mutable std::mutex m_mutex;
