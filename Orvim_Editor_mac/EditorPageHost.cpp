@@ -4,7 +4,9 @@
 #include "PageScaffold.h"
 #include "pages/CommandPageView.h"
 #include "pages/DisplaySimulatorSettingsPageView.h"
+#include "pages/ImageTransferPageView.h"
 #include "pages/InformationPageView.h"
+#include "pages/SoundTransferPageView.h"
 #include "pages/ToneEditorPageView.h"
 
 #include <QLabel>
@@ -30,13 +32,18 @@ EditorPageHost::EditorPageHost(EditorRuntime& runtime, Dialogs& dialogs, QWidget
     auto* const toneEditor = new ToneEditorPageView(runtime, dialogs);
     toneEditor->fillHeader(page(EditorPage::toneEditor).header());
     page(EditorPage::toneEditor).setContent(toneEditor);
+    auto* const images = new ImageTransferPageView(runtime, dialogs);
+    images->fillHeader(page(EditorPage::imageTransfer).header());
+    page(EditorPage::imageTransfer).setContent(images);
+    auto* const sounds = new SoundTransferPageView(runtime, dialogs);
+    sounds->fillHeader(page(EditorPage::samplingSound).header());
+    page(EditorPage::samplingSound).setContent(sounds);
     page(EditorPage::information).setContent(new InformationPageView);
     auto* const settings = new DisplaySimulatorSettingsPageView(runtime.displaySimulator());
     connect(settings, &DisplaySimulatorSettingsPageView::windowRequested, this,
             &EditorPageHost::simulatorWindowRequested);
     page(EditorPage::displaySimulatorSettings).setContent(settings);
-    for (const EditorPage unfinished : {EditorPage::imageTransfer, EditorPage::samplingSound, EditorPage::lyrics})
-        page(unfinished).setContent(makeEmptyBody());
+    page(EditorPage::lyrics).setContent(makeEmptyBody());
 
     const auto showSelected = [this](EditorPage page) { setCurrentIndex(static_cast<int>(page)); };
     connect(&runtime, &EditorRuntime::selectedPageChanged, this, showSelected);

@@ -1,0 +1,197 @@
+#include "pages/TransferListView.h"
+
+#include "controls/ElidedLabel.h"
+#include "pages/TransferListActions.h"
+
+#include <QDropEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+namespace orvim {
+
+namespace {
+
+constexpr int rowMargin = 8;
+constexpr int rowSpacing = 12;
+constexpr int hintPixelSize = 16;
+constexpr int itemIDRole = Qt::UserRole;
+
+/// A small picture in its own pixels, also where the screen has finer ones.
+class PicturePreview : public QWidget
+{
+public:
+    explicit PicturePreview(const QImage& picture) : m_picture(picture) { setFixedSize(picture.size()); }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+        painter.drawImage(rect(), m_picture);
+    }
+
+private:
+    QImage m_picture;
+};
+
+QString numberText(int number)
+{
+    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+TransferListView::TransferListView(TransferListActions& actions, QWidget* parent)
+    : QListWidget(parent), m_actions(actions)
+{
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setAcceptDrops(true);
+    setFrameShape(QFrame::NoFrame);
+
+    m_dropHint = new QLabel(QString::fromUtf8(actions.words().dropHint), viewport());
+    m_dropHint->setObjectName(QStringLiteral("dropHint"));
+    m_dropHint->setAlignment(Qt::AlignCenter);
+    m_dropHint->setWordWrap(true);
+    m_dropHint->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_dropHint->setForegroundRole(QPalette::PlaceholderText);
+    QFont font = m_dropHint->font();
+    font.setPixelSize(hintPixelSize);
+    m_dropHint->setFont(font);
+    auto* const middle = new QVBoxLayout(viewport());
+    middle->addWidget(m_dropHint);
+
+    connect(&actions, &TransferListActions::listChanged, this, &TransferListView::showList);
+    connect(this, &QListWidget::itemSelectionChanged, this, &TransferListView::tellSelection);
+    showList();
+}
+
+QUuid TransferListView::id(const QListWidgetItem* item) const
+{
+    return item->data(itemIDRole).toUuid();
+}
+
+/// Rows before the first change keep their widgets, so that adding a file costs one row.
+void TransferListView::showList()
+{
+    {
+        const QSignalBlocker blocker(this);
+        int same = 0;
+        while (same < count() && same < m_actions.itemCount() && id(item(same)) == m_actions.row(same).id)
+            ++same;
+        while (count() > same)
+            delete takeItem(count() - 1);
+        for (int i = same; i < m_actions.itemCount(); ++i)
+            addRow(i);
+        showSelection();
+    }
+    showSelectionColors();
+    m_dropHint->setVisible(count() == 0);
+}
+
+void TransferListView::addRow(int index)
+{
+    const TransferRow shown = m_actions.row(index);
+    auto* const row = new QWidget;
+    auto* const layout = new QHBoxLayout(row);
+    layout->setContentsMargins(rowMargin, rowMargin / 2, rowMargin, rowMargin / 2);
+    layout->setSpacing(rowSpacing);
+    layout->addWidget(new QLabel(numberText(shown.number)));
+    if (!shown.preview.isNull()) layout->addWidget(new PicturePreview(shown.preview));
+    auto* const path = new ElidedLabel;
+    path->setText(shown.filePath);
+    layout->addWidget(path, 1);
+    if (!shown.detail.isEmpty()) layout->addWidget(new QLabel(shown.detail));
+    auto* const button = new QPushButton(QString::fromUtf8(m_actions.words().runOnModule));
+    button->setObjectName(button->text());
+    button->setAccessibleDescription(numberText(shown.number) + QLatin1Char(' ') + shown.filePath);
+    connect(button, &QPushButton::clicked, this, [this, id = shown.id] { m_actions.runOnModule(id); });
+    layout->addWidget(button);
+
+    auto* const listItem = new QListWidgetItem(this);
+    listItem->setData(itemIDRole, shown.id);
+    listItem->setData(Qt::AccessibleTextRole, button->accessibleDescription());
+    listItem->setSizeHint({0, row->sizeHint().height()});
+    setItemWidget(listItem, row);
+}
+
+void TransferListView::showSelection()
+{
+    for (int i = 0; i < count(); ++i)
+        item(i)->setSelected(m_actions.selectedItemIDs().contains(id(item(i))));
+}
+
+void TransferListView::tellSelection()
+{
+    QSet<QUuid> ids;
+    for (const QListWidgetItem* const item : selectedItems())
+        ids.insert(id(item));
+    m_actions.setSelectedItemIDs(ids);
+    showSelectionColors();
+}
+
+void TransferListView::showSelectionColors()
+{
+    for (int i = 0; i < count(); ++i) {
+        QPalette colors = palette();
+        if (item(i)->isSelected()) {
+            for (const auto role : {QPalette::WindowText, QPalette::Text})
+                colors.setBrush(role, colors.highlightedText());
+        }
+        itemWidget(item(i))->setPalette(colors);
+    }
+}
+
+void TransferListView::changeEvent(QEvent* event)
+{
+    QListWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) showSelectionColors();
+}
+
+void TransferListView::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!event->mimeData()->hasUrls()) return event->ignore();
+    // The files stay where they are, whatever the other program offers.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void TransferListView::dragMoveEvent(QDragMoveEvent* event)
+{
+    dragEnterEvent(static_cast<QDragEnterEvent*>(event));
+}
+
+void TransferListView::dropEvent(QDropEvent* event)
+{
+    if (!event->mimeData()->hasUrls()) return event->ignore();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    // The other program waits for the end of the drop, so the files are taken in behind it.
+    QMetaObject::invokeMethod(
+        this, [this, urls = event->mimeData()->urls()] { m_actions.addDropped(urls); }, Qt::QueuedConnection);
+}
+
+void TransferListView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) return m_actions.deleteSelected();
+    QListWidget::keyPressEvent(event);
+}
+
+void TransferListView::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QListWidgetItem* const row = isByKey ? currentItem() : itemAt(event->pos());
+    if (!row) return;
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(tr("削除"), this, [this, id = id(row)] { m_actions.deleteOne(id); });
+    menu->popup(isByKey ? viewport()->mapToGlobal(visualItemRect(row).center()) : event->globalPos());
+}
+
+} // namespace orvim
