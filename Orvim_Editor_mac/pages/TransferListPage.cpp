@@ -24,13 +24,17 @@ TransferListPage::TransferListPage(std::unique_ptr<TransferListActions> actions,
     m_counter->setContentsMargins(counterMargin, counterMargin / 2, counterMargin, counterMargin / 2);
     m_counter->setWordWrap(true);
     m_list = new TransferListView(*m_actions);
+    m_list->setObjectName(QStringLiteral("transferList"));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_counter);
     layout->addWidget(m_list, 1);
 
-    const auto showCounter = [this] { m_counter->setText(m_actions->headerText()); };
+    const auto showCounter = [this] {
+        m_counter->setText(m_actions->headerText());
+        m_list->setAccessibleName(m_counter->text()); // The counter above is the list's only caption.
+    };
     connect(m_actions.get(), &TransferListActions::listChanged, this, showCounter);
     showCounter();
 }
