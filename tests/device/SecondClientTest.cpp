@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Connects itself to both ports of a sequencer client, as session managers do, and writes to the first, at its own
+/// Connects itself to both ports of a sequencer client, as patch bays do, and writes to the first, at its own
 /// pace.
 class OtherProgram
 {

@@ -6,7 +6,7 @@ program=$1
 [ -n "${DISPLAY:-}" ] || { echo "left out: there is no display"; exit 77; }
 
 output=$(mktemp)
-# Where no session has made one, the toolkit would complain about it on the terminal.
+# Where no login has made one, the toolkit would complain about it on the terminal.
 XDG_RUNTIME_DIR=$(mktemp -d)
 export XDG_RUNTIME_DIR
 trap 'kill "$editor" 2>/dev/null || true; rm -rf "$output" "$XDG_RUNTIME_DIR"' EXIT
