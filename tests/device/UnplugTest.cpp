@@ -42,6 +42,7 @@ TEST(Unplug, InMidTransferIsReportedAtOnceAndTheReplugIsFound)
         EXPECT_LT(time, 0.5s);
         EXPECT_EQ(editor.loggedErrors(), Lines{"Test の送信に失敗しました: -19"});
         EXPECT_TRUE(isBeginning(module.port(1).bytes(), joined(editor.loggedMessages())));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return editor.selectedName().empty(); }, 3000));
     }
     const USBModule module({});
     EXPECT_TRUE(editor.waitUntilSelected(moduleSecondPort));
