@@ -1,7 +1,7 @@
 #include "CanvasReading.h"
+#include "RenderedScreen.h"
 #include "simulator/DisplayText.h"
 #include "simulator/JapaneseText.h"
-#include "simulator/RenderDisplay.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -10,19 +10,13 @@ namespace orvim {
 namespace {
 
 using test::isFilled;
+using test::logical;
 using test::opaque;
+using test::rendered;
 using test::textOf;
 
-constexpr auto logical = DisplayUnit::logical;
 constexpr std::int32_t ink = 0x8EBCFC;
 constexpr std::int32_t paper = 0x213A60;
-
-DisplayCanvas rendered(const DisplayFields& fields)
-{
-    DisplayCanvas canvas;
-    renderDisplay(fields, canvas);
-    return canvas;
-}
 
 DisplayFields withText(std::string text)
 {

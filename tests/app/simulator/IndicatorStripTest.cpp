@@ -1,7 +1,7 @@
 #include "CanvasReading.h"
+#include "RenderedScreen.h"
 #include "simulator/DisplayText.h"
 #include "simulator/LevelMeterColors.h"
-#include "simulator/RenderDisplay.h"
 
 #include <array>
 #include <climits>
@@ -10,33 +10,24 @@
 namespace orvim {
 namespace {
 
+using test::background;
+using test::base;
+using test::fieldsInTestColors;
+using test::foreground;
 using test::isFilled;
+using test::logical;
 using test::opaque;
+using test::physical;
+using test::rendered;
 using test::textOf;
-
-constexpr auto logical = DisplayUnit::logical;
-constexpr auto physical = DisplayUnit::physical;
-constexpr std::int32_t foreground = 0x112233;
-constexpr std::int32_t background = 0x445566;
-constexpr std::int32_t base = 0x778899;
 
 DisplayFields stripFields(DisplaySimulatorColorMode mode, int left, int right)
 {
-    DisplayFields fields;
+    auto fields = fieldsInTestColors();
     fields.colorMode = mode;
-    fields.foregroundRGB = foreground;
-    fields.backgroundRGB = background;
-    fields.baseRGB = base;
     fields.leftLevel = left;
     fields.rightLevel = right;
     return fields;
-}
-
-DisplayCanvas rendered(const DisplayFields& fields)
-{
-    DisplayCanvas canvas;
-    renderDisplay(fields, canvas);
-    return canvas;
 }
 
 /// Whether logical row `y` of the left meter has that colour over its twelve columns, and no wider.

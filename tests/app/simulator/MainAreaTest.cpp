@@ -1,7 +1,7 @@
 #include "CanvasReading.h"
+#include "RenderedScreen.h"
 #include "simulator/DisplayText.h"
 #include "simulator/EmbeddedResources.h"
-#include "simulator/RenderDisplay.h"
 
 #include <algorithm>
 #include <array>
@@ -11,31 +11,22 @@
 namespace orvim {
 namespace {
 
+using test::background;
+using test::base;
+using test::fieldsInTestColors;
+using test::foreground;
 using test::isFilled;
+using test::logical;
 using test::opaque;
+using test::physical;
 using test::pixelAt;
-
-constexpr auto logical = DisplayUnit::logical;
-constexpr auto physical = DisplayUnit::physical;
-constexpr std::int32_t foreground = 0x112233;
-constexpr std::int32_t background = 0x445566;
-constexpr std::int32_t base = 0x778899;
+using test::rendered;
 
 DisplayFields screen(DisplaySimulatorType type)
 {
-    DisplayFields fields;
+    auto fields = fieldsInTestColors();
     fields.displayType = type;
-    fields.foregroundRGB = foreground;
-    fields.backgroundRGB = background;
-    fields.baseRGB = base;
     return fields;
-}
-
-DisplayCanvas rendered(const DisplayFields& fields)
-{
-    DisplayCanvas canvas;
-    renderDisplay(fields, canvas);
-    return canvas;
 }
 
 /// The colour of a logical pixel's upper left quarter.

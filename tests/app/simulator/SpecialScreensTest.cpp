@@ -1,8 +1,8 @@
 #include "CanvasReading.h"
+#include "RenderedScreen.h"
 #include "simulator/DisplayText.h"
 #include "simulator/EmbeddedResources.h"
 #include "simulator/JapaneseText.h"
-#include "simulator/RenderDisplay.h"
 
 #include <algorithm>
 #include <climits>
@@ -12,32 +12,23 @@
 namespace orvim {
 namespace {
 
+using test::background;
+using test::base;
+using test::fieldsInTestColors;
+using test::foreground;
 using test::isFilled;
+using test::logical;
 using test::opaque;
+using test::physical;
 using test::pixelAt;
+using test::rendered;
 using test::textOf;
-
-constexpr auto logical = DisplayUnit::logical;
-constexpr auto physical = DisplayUnit::physical;
-constexpr std::int32_t foreground = 0x112233;
-constexpr std::int32_t background = 0x445566;
-constexpr std::int32_t base = 0x778899;
 
 DisplayFields special(DisplaySimulatorSpecialMode mode)
 {
-    DisplayFields fields;
+    auto fields = fieldsInTestColors();
     fields.specialMode = mode;
-    fields.foregroundRGB = foreground;
-    fields.backgroundRGB = background;
-    fields.baseRGB = base;
     return fields;
-}
-
-DisplayCanvas rendered(const DisplayFields& fields)
-{
-    DisplayCanvas canvas;
-    renderDisplay(fields, canvas);
-    return canvas;
 }
 
 DisplayCanvas knob(int value)
