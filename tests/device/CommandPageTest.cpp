@@ -1,7 +1,6 @@
 // Every control of the command page: what its send puts into the log is what arrives at the module.
 
 #include "Editor.h"
-#include "Messages.h"
 #include "controls/DotGridView.h"
 #include "controls/TickSnappingSlider.h"
 #include "controls/ValidatedTextField.h"
@@ -24,16 +23,7 @@ class CommandPage : public testing::Test
 protected:
     void SetUp() override { ASSERT_TRUE(editor.waitUntilSelected(moduleSecondPort)); }
 
-    /// Waits until everything that was logged has come, and checks that it came as it was logged.
-    tonavelle::Batch arrivedAsLogged()
-    {
-        const auto believed = editor.loggedMessages();
-        waitForBytes(module.port(1), joined(believed).size());
-        waitUntilQuiet(module.port(1));
-        EXPECT_EQ(editor.loggedErrors(), Lines());
-        EXPECT_TRUE(sameBytes(module.port(1).bytes(), joined(believed)));
-        return believed;
-    }
+    tonavelle::Batch arrivedAsLogged() { return test::arrivedAsLogged(module.port(1), editor); }
 
     template <typename Control>
     Control* control(const QString& name)

@@ -1,5 +1,6 @@
 #include "Editor.h"
 
+#include "Messages.h"
 #include "platform/ALSAMIDISystem.h"
 
 #include <QTest>
@@ -20,14 +21,28 @@ const QString messageMark = QStringLiteral("   ");
 
 Editor::Editor() : runtime(std::make_unique<ALSAMIDISystem>())
 {
-    log().setRestrictLineCount(false);
     log().setByteFormat(LogByteFormat::none);
-    connect(&manager(), &MIDIOutManager::statusChanged, this, &Editor::noteError);
+    connect(&log(), &MIDIOutLogStore::textChanged, this, &Editor::noteNewLines);
+    noteNewLines();
 }
 
-void Editor::noteError()
+void Editor::noteNewLines()
 {
-    if (!errorTime && !loggedErrors().empty()) errorTime = Clock::now();
+    const auto firstNew = static_cast<std::size_t>(notedLines - log().removedLineCount());
+    for (const QString& line : log().textFromLine(firstNew).split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+        noteLine(line);
+    notedLines = log().removedLineCount() + log().lineCount();
+}
+
+void Editor::noteLine(const QString& line)
+{
+    if (line.startsWith(errorMark)) {
+        errorsOfLog.push_back(line.mid(errorMark.size()).toStdString());
+        if (!errorTime) errorTime = Clock::now();
+    } else if (line.startsWith(messageMark)) {
+        const QByteArray bytes = QByteArray::fromHex(line.toLatin1());
+        messagesOfLog.emplace_back(bytes.begin(), bytes.end());
+    }
 }
 
 Lines Editor::destinationNames() const
@@ -66,25 +81,6 @@ void Editor::sendOneByOne(const tonavelle::Batch& messages)
     }
 }
 
-tonavelle::Batch Editor::loggedMessages() const
-{
-    tonavelle::Batch messages;
-    for (const QString& line : log().text().split(QLatin1Char('\n'))) {
-        if (!line.startsWith(messageMark)) continue;
-        const QByteArray bytes = QByteArray::fromHex(line.toLatin1());
-        messages.emplace_back(bytes.begin(), bytes.end());
-    }
-    return messages;
-}
-
-Lines Editor::loggedErrors() const
-{
-    Lines errors;
-    for (const QString& line : log().text().split(QLatin1Char('\n')))
-        if (line.startsWith(errorMark)) errors.push_back(line.mid(errorMark.size()).toStdString());
-    return errors;
-}
-
 std::optional<Clock::time_point> Editor::firstErrorTime(std::chrono::milliseconds longest) const
 {
     [[maybe_unused]] const bool came =
@@ -92,7 +88,7 @@ std::optional<Clock::time_point> Editor::firstErrorTime(std::chrono::millisecond
     return errorTime;
 }
 
-Heartbeat::Heartbeat()
+Heartbeat::Heartbeat(std::chrono::milliseconds interval)
 {
     auto* const timer = new QTimer(this);
     timer->setTimerType(Qt::PreciseTimer);
@@ -100,8 +96,9 @@ Heartbeat::Heartbeat()
         const auto now = Clock::now();
         longest = std::max(longest, now - last);
         last = now;
+        ++count;
     });
-    timer->start(50ms);
+    timer->start(interval);
 }
 
 std::chrono::milliseconds Heartbeat::longestGap() const
@@ -121,6 +118,17 @@ void waitForBytes(const Wire& wire, std::size_t count)
     const auto begin = Clock::now();
     while (wire.size() < count && Clock::now() - std::max(begin, wire.lastArrival()) < 3s)
         QTest::qWait(10);
+}
+
+tonavelle::Batch arrivedAsLogged(const Wire& wire, const Editor& editor)
+{
+    const auto sent = joined(editor.loggedMessages());
+    waitForBytes(wire, sent.size());
+    waitUntilQuiet(wire);
+    const auto arrived = wire.bytes();
+    EXPECT_EQ(editor.loggedErrors(), Lines());
+    EXPECT_TRUE(sameBytes(arrived, sent));
+    return takenApart(arrived).messages;
 }
 
 } // namespace orvim::test

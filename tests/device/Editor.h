@@ -7,6 +7,7 @@
 #include "core/protocol/Message.h"
 
 #include <chrono>
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
@@ -16,7 +17,8 @@ namespace orvim::test {
 
 using Lines = std::vector<std::string>;
 
-/// The editor without its window, on the machine's real MIDI, with a log that keeps everything.
+/// The editor without its window, on the machine's real MIDI. Its log is limited as the user's is; what leaves it is
+/// remembered here.
 class Editor : public QObject
 {
 public:
@@ -36,29 +38,35 @@ public:
     std::string status() const { return manager().statusMessage().toStdString(); }
     /// Sends one by one, as the pages do with a long transfer, until one fails.
     void sendOneByOne(const tonavelle::Batch& messages);
-    /// What the editor believes it sent: the messages that stand in its log, in their order.
-    tonavelle::Batch loggedMessages() const;
-    /// What the log's lines of errors say.
-    Lines loggedErrors() const;
-    /// When the first error was reported after the editor had started; waits up to `longest` for it.
+    /// What the editor believes it sent: the messages that ever stood in its log, in their order.
+    const tonavelle::Batch& loggedMessages() const { return messagesOfLog; }
+    /// What the log's lines of errors said.
+    const Lines& loggedErrors() const { return errorsOfLog; }
+    /// When the first error was logged; waits up to `longest` for it.
     std::optional<Clock::time_point> firstErrorTime(std::chrono::milliseconds longest) const;
 
     EditorRuntime runtime;
 
 private:
-    void noteError();
+    void noteNewLines();
+    void noteLine(const QString& line);
 
+    std::uint64_t notedLines = 0; ///< since the start, those that left the log included
+    tonavelle::Batch messagesOfLog;
+    Lines errorsOfLog;
     std::optional<Clock::time_point> errorTime;
 };
 
-/// Beats every 50 ms while the window is alive and notes the longest time without a beat.
+/// Beats at an interval while the window is alive, counts, and notes the longest time without a beat.
 class Heartbeat : public QObject
 {
 public:
-    Heartbeat();
+    explicit Heartbeat(std::chrono::milliseconds interval = std::chrono::milliseconds(50));
     std::chrono::milliseconds longestGap() const;
+    int beats() const { return count; }
 
 private:
+    int count = 0;
     Clock::time_point last = Clock::now();
     Clock::duration longest{};
 };
@@ -69,6 +77,10 @@ void waitUntilQuiet(const Wire& wire);
 
 /// Waits, with the window alive, until `count` bytes came; gives up when nothing came for 3 s.
 void waitForBytes(const Wire& wire, std::size_t count);
+
+/// Waits, with the window alive, until all that was logged has come and nothing more comes; checks that it came whole,
+/// as it was logged, without any error. The messages as they came.
+tonavelle::Batch arrivedAsLogged(const Wire& wire, const Editor& editor);
 
 inline const std::string moduleFirstPort = "Tonavelle_mini";
 inline const std::string moduleSecondPort = "MIDIOUT2 (Tonavelle_mini)";

@@ -1,5 +1,6 @@
 #include "Messages.h"
 
+#include "core/protocol/SimpleMIDIFileBuilder.h"
 #include "tests/support/Bytes.h"
 
 #include <algorithm>
@@ -73,9 +74,11 @@ Arrivals takenApart(const Message& stream)
         const bool isChannelMessage = *begin >= 0x80 && *begin < 0xF0;
         if (*begin == 0xF0 && end != stream.end() && *end == 0xF7) {
             result.systemExclusive.emplace_back(begin, ++end);
+            result.messages.push_back(result.systemExclusive.back());
         } else if (isChannelMessage && end - begin > dataBytes(*begin)) {
             end = begin + 1 + dataBytes(*begin);
             result.others.emplace_back(begin, end);
+            result.messages.push_back(result.others.back());
             result.otherOffsets.push_back(i);
         } else {
             result.strayBytes += static_cast<std::size_t>(end - begin);
@@ -83,6 +86,14 @@ Arrivals takenApart(const Message& stream)
         i = static_cast<std::size_t>(end - stream.begin());
     }
     return result;
+}
+
+std::vector<std::uint8_t> recordedFile(const Batch& messages)
+{
+    std::vector<tonavelle::MIDITrackEvent> events;
+    for (const Message& message : messages)
+        events.push_back({1, message});
+    return tonavelle::SimpleMIDIFileBuilder::singleTrack(events, 480);
 }
 
 testing::AssertionResult sameBytes(const Message& arrived, const Message& sent)

@@ -3,7 +3,9 @@
 #include "core/protocol/Message.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace orvim::test {
 
@@ -16,12 +18,16 @@ tonavelle::Message joined(const tonavelle::Batch& messages);
 
 /// What came over a wire, taken apart into whole messages.
 struct Arrivals {
+    tonavelle::Batch messages; ///< all, in their order
     tonavelle::Batch systemExclusive;
     tonavelle::Batch others;
     std::vector<std::size_t> otherOffsets; ///< where each of the others began in the stream
     std::size_t strayBytes = 0;            ///< bytes that belong to no whole message
 };
 Arrivals takenApart(const tonavelle::Message& stream);
+
+/// What a sequencer beside the module would have written: a MIDI file with one message a tick.
+std::vector<std::uint8_t> recordedFile(const tonavelle::Batch& messages);
 
 /// Whether both are the same; says where they part, not what they are, for they may be a million bytes long.
 testing::AssertionResult sameBytes(const tonavelle::Message& arrived, const tonavelle::Message& sent);
