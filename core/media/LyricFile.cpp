@@ -70,7 +70,7 @@ std::int64_t tickOf(const LyricsRow& row, std::int64_t ticksPerBar)
 {
     constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
     const std::int64_t bar = std::max<std::int64_t>(row.bar, 0);
-    if (bar > largest / ticksPerBar) return largest;
+    if (ticksPerBar > 0 && bar > largest / ticksPerBar) return largest;
     const std::int64_t barTick = bar * ticksPerBar;
     return row.ticks > largest - barTick ? largest : barTick + row.ticks;
 }
@@ -116,12 +116,12 @@ std::vector<std::uint8_t> newFile(std::span<const LyricsRow> rows, bool addJapan
 
 std::int64_t lyricsTicksPerBar(const SimpleMIDIFile& file)
 {
-    return std::max(file.ticksPerQuarterNote * 4, 1);
+    return file.ticksPerQuarterNote * 4;
 }
 
 std::vector<LyricsRow> readLyricRows(const SimpleMIDIFile& file)
 {
-    const std::int64_t ticksPerBar = lyricsTicksPerBar(file);
+    const std::int64_t ticksPerBar = std::max<std::int64_t>(lyricsTicksPerBar(file), 1);
     std::vector<LyricsRow> rows;
     for (std::size_t track = 0; track < file.tracks.size(); ++track) {
         for (const auto& event : file.tracks[track].events) {

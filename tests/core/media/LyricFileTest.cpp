@@ -132,6 +132,15 @@ TEST(ReadLyricRows, ABarIsFourQuarterNotesOfTheFileAndAtLeastOneTick)
     EXPECT_EQ(lyricsTicksPerBar(file), 262'140);
 }
 
+TEST(BuildLyricFile, ADivisionOf0PutsEveryCommandAtTick0)
+{
+    SimpleMIDIFile file = song({{{metaEvent(1'000, lyric, "a"), metaEvent(2'000, lyric, "b")}}});
+    file.ticksPerQuarterNote = 0;
+    EXPECT_EQ(lyricsTicksPerBar(file), 0);
+    EXPECT_THAT(saved(file, readLyricRows(file)).tracks.at(0).events,
+                ElementsAre(command(0, LyricsCommand::addUpper, "a"), command(0, LyricsCommand::addUpper, "b")));
+}
+
 TEST(BuildLyricFile, ASavedSongOpensWithTheSameRows)
 {
     const auto file = song({{{metaEvent(0, lyric, "one"), metaEvent(2'000, text, "$ADD_LO$two")}},
