@@ -3,14 +3,13 @@
 #include "DisplaySimulatorState.h"
 #include "core/tone/ToneDataFile.h"
 #include "core/tone/UserWaveformBuilder.h"
+#include "pages/Report.h"
 #include "pages/ToneEditorModel.h"
-#include "pages/ToneEditorReport.h"
 #include "platform/Dialogs.h"
 #include "platform/WholeFile.h"
 
 #include <QFileInfo>
 
-#include <span>
 #include <stdexcept>
 
 namespace orvim {
@@ -28,12 +27,6 @@ std::vector<std::uint8_t> readFile(const QString& path)
 {
     if (QFileInfo(path).size() > largestFile) throw std::runtime_error("file too large");
     return readWholeFile(path);
-}
-
-bool writeFile(const QString& path, std::span<const std::uint8_t> bytes)
-{
-    return writeWholeFile(
-        path, QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())));
 }
 
 void setInstrument(ToneEditorState& state, tonavelle::ToneInstrument instrument)
@@ -93,7 +86,7 @@ void ToneEditorFileActions::save()
     const auto path = m_dialogs.savePath(QStringLiteral("tone_data.mid"), FileKind::midi);
     if (!path) return report(QStringLiteral("音色データ保存をキャンセルしました。"));
     const ToneEditorState& state = m_model.state();
-    const bool isWritten = writeFile(*path, tonavelle::toneDataFile(state.instrument, state.dirtyOnly));
+    const bool isWritten = writeWholeFile(*path, tonavelle::toneDataFile(state.instrument, state.dirtyOnly));
     report(isWritten ? QStringLiteral("音色データMIDIを書き出しました。")
                      : QStringLiteral("音色データMIDIを書き出せません。"));
 }
@@ -119,7 +112,7 @@ void ToneEditorFileActions::exportWAV()
     const int number = m_model.state().selectedUserWave + 1;
     const auto path = m_dialogs.savePath(QStringLiteral("UserWave%1.wav").arg(number), FileKind::wave);
     if (!path) return report(QStringLiteral("WAV保存をキャンセルしました。"));
-    if (!writeFile(*path, UserWaveformBuilder::wavData(m_model.state().userWave(), wavSampleRate)))
+    if (!writeWholeFile(*path, UserWaveformBuilder::wavData(m_model.state().userWave(), wavSampleRate)))
         return report(QStringLiteral("WAV保存に失敗しました。"));
     loadUserWaveTab();
     report(QStringLiteral("User Wave %1 をWAV保存しました。").arg(number));

@@ -5,9 +5,9 @@
 #include "core/tone/ToneDefaults.h"
 #include "core/tone/ToneEditorBuilder.h"
 #include "core/tone/UserWaveformBuilder.h"
+#include "pages/Report.h"
 #include "pages/ToneChannelName.h"
 #include "pages/ToneEditorModel.h"
-#include "pages/ToneEditorReport.h"
 
 namespace orvim {
 

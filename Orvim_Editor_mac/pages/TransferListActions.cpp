@@ -1,29 +1,15 @@
 #include "pages/TransferListActions.h"
 
 #include "MIDIOutManager.h"
+#include "pages/DroppedFiles.h"
+#include "pages/Report.h"
 #include "platform/WholeFile.h"
 
-#include <QFileInfo>
 #include <QScopeGuard>
 
 #include <algorithm>
 
 namespace orvim {
-
-namespace {
-
-QByteArray byteArray(const std::vector<std::uint8_t>& bytes)
-{
-    return QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
-}
-
-/// A remote address stays what it is: no file has that path, and so it is reported like one that cannot be read.
-QString filePath(const QUrl& url)
-{
-    return url.isLocalFile() ? url.toLocalFile() : url.toString();
-}
-
-} // namespace
 
 TransferListActions::TransferListActions(const TransferListWords& words, MIDIOutManager& midiOutManager,
                                          Dialogs& dialogs)
@@ -33,9 +19,7 @@ TransferListActions::TransferListActions(const TransferListWords& words, MIDIOut
 
 void TransferListActions::report(const char* text)
 {
-    const QString words = QString::fromUtf8(text);
-    m_midiOutManager.logNote(words);
-    m_midiOutManager.setStatus(words, false);
+    orvim::report(m_midiOutManager, QString::fromUtf8(text));
 }
 
 void TransferListActions::showProgress(std::size_t done, std::size_t count)
@@ -77,18 +61,9 @@ void TransferListActions::addByPanel()
 
 void TransferListActions::addDropped(const QList<QUrl>& urls)
 {
-    QStringList paths;
-    for (const QUrl& url : urls)
-        if (isSupported(url)) paths << filePath(url);
+    const QStringList paths = droppedFiles(urls, m_words.extensions);
     if (paths.isEmpty()) return report(m_words.noneFound);
     registerFiles(paths);
-}
-
-bool TransferListActions::isSupported(const QUrl& url) const
-{
-    const QString extension = QFileInfo(url.path()).suffix().toLower();
-    return std::ranges::any_of(m_words.extensions,
-                               [&](const char* known) { return extension == QLatin1String(known); });
 }
 
 void TransferListActions::registerFiles(const QStringList& paths)
@@ -150,7 +125,7 @@ void TransferListActions::exportMIDI()
         const auto path = m_dialogs.savePath(QString::fromUtf8(m_words.exportName), FileKind::midi);
         if (!path) return report(m_words.exportCancelled);
         try {
-            const bool isWritten = writeWholeFile(*path, byteArray(exportedBytes()));
+            const bool isWritten = writeWholeFile(*path, exportedBytes());
             report(isWritten ? m_words.exported : m_words.exportFailed);
         } catch (const std::exception&) {
             report(m_words.exportFailed);

@@ -116,7 +116,6 @@ protected:
     void showProgress(std::size_t done, std::size_t count);
 
 private:
-    bool isSupported(const QUrl& url) const;
     bool addOrReport(const QString& path);
     void whileBusy(const std::function<void()>& action);
     void finishDeletion();

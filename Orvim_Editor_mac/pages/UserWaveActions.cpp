@@ -2,8 +2,8 @@
 
 #include "MIDIOutManager.h"
 #include "core/tone/ToneUserMessages.h"
+#include "pages/Report.h"
 #include "pages/ToneEditorModel.h"
-#include "pages/ToneEditorReport.h"
 
 namespace orvim {
 

@@ -47,4 +47,10 @@ bool writeWholeFile(const QString& path, const QByteArray& bytes)
     return file.commit();
 }
 
+bool writeWholeFile(const QString& path, const std::vector<std::uint8_t>& bytes)
+{
+    return writeWholeFile(path, QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
+                                                        static_cast<qsizetype>(bytes.size())));
+}
+
 } // namespace orvim

@@ -15,5 +15,6 @@ std::vector<std::uint8_t> readWholeFile(const QString& path);
 /// Writes a file whole or not at all: into a temporary beside it that then takes its name. Where the folder allows no
 /// new file, an existing one is written over. False when nothing could be written.
 bool writeWholeFile(const QString& path, const QByteArray& bytes);
+bool writeWholeFile(const QString& path, const std::vector<std::uint8_t>& bytes);
 
 } // namespace orvim

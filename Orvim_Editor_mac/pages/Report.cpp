@@ -1,4 +1,4 @@
-#include "pages/ToneEditorReport.h"
+#include "pages/Report.h"
 
 #include "MIDIOutManager.h"
 
