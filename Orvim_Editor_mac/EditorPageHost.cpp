@@ -6,23 +6,11 @@
 #include "pages/DisplaySimulatorSettingsPageView.h"
 #include "pages/ImageTransferPageView.h"
 #include "pages/InformationPageView.h"
+#include "pages/LyricsPageView.h"
 #include "pages/SoundTransferPageView.h"
 #include "pages/ToneEditorPageView.h"
 
-#include <QLabel>
-
 namespace orvim {
-
-namespace {
-
-QWidget* makeEmptyBody()
-{
-    auto* const body = new QLabel(EditorPageHost::tr("このページはまだ使えません。"));
-    body->setAlignment(Qt::AlignCenter);
-    return body;
-}
-
-} // namespace
 
 EditorPageHost::EditorPageHost(EditorRuntime& runtime, Dialogs& dialogs, QWidget* parent) : QStackedWidget(parent)
 {
@@ -38,12 +26,14 @@ EditorPageHost::EditorPageHost(EditorRuntime& runtime, Dialogs& dialogs, QWidget
     auto* const sounds = new SoundTransferPageView(runtime, dialogs);
     sounds->fillHeader(page(EditorPage::samplingSound).header());
     page(EditorPage::samplingSound).setContent(sounds);
+    auto* const lyrics = new LyricsPageView(runtime, dialogs);
+    lyrics->fillHeader(page(EditorPage::lyrics).header());
+    page(EditorPage::lyrics).setContent(lyrics);
     page(EditorPage::information).setContent(new InformationPageView);
     auto* const settings = new DisplaySimulatorSettingsPageView(runtime.displaySimulator());
     connect(settings, &DisplaySimulatorSettingsPageView::windowRequested, this,
             &EditorPageHost::simulatorWindowRequested);
     page(EditorPage::displaySimulatorSettings).setContent(settings);
-    page(EditorPage::lyrics).setContent(makeEmptyBody());
 
     const auto showSelected = [this](EditorPage page) { setCurrentIndex(static_cast<int>(page)); };
     connect(&runtime, &EditorRuntime::selectedPageChanged, this, showSelected);

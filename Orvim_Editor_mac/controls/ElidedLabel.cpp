@@ -28,6 +28,13 @@ void ElidedLabel::setTextColor(const QColor& color)
     update();
 }
 
+void ElidedLabel::setElideMode(Qt::TextElideMode mode)
+{
+    m_elideMode = mode;
+    updateToolTip();
+    update();
+}
+
 QSize ElidedLabel::sizeHint() const
 {
     return {fontMetrics().horizontalAdvance(m_text), fontMetrics().height()};
@@ -54,7 +61,7 @@ void ElidedLabel::resizeEvent(QResizeEvent* event)
 
 QString ElidedLabel::elidedText() const
 {
-    return fontMetrics().elidedText(m_text, Qt::ElideRight, contentsRect().width());
+    return fontMetrics().elidedText(m_text, m_elideMode, contentsRect().width());
 }
 
 void ElidedLabel::updateToolTip()

@@ -4,8 +4,8 @@
 
 namespace orvim {
 
-/// One line of text that gives way: where the room is short it ends in an ellipsis and the tool tip holds the whole.
-/// Its text never changes the layout around it.
+/// One line of text that gives way: where the room is short it ends in an ellipsis, or has one in its middle, and the
+/// tool tip holds the whole. Its text never changes the layout around it.
 class ElidedLabel : public QFrame
 {
     Q_OBJECT
@@ -15,6 +15,7 @@ public:
 
     const QString& text() const { return m_text; }
     void setText(const QString& text);
+    void setElideMode(Qt::TextElideMode mode);
     /// The colour of the text; an invalid one stands for the palette's own.
     void setTextColor(const QColor& color);
 
@@ -31,6 +32,7 @@ private:
 
     QString m_text;
     QColor m_color;
+    Qt::TextElideMode m_elideMode = Qt::ElideRight;
 };
 
 } // namespace orvim
