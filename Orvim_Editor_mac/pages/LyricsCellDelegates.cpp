@@ -67,7 +67,9 @@ bool TextCellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, con
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString();
     const bool fits = view->fontMetrics().horizontalAdvance(text) <= option.rect.width() - 2 * sideMargin;
-    QToolTip::showText(event->globalPos(), fits ? QString() : text.toHtmlEscaped(), view);
+    // As rich text the tip breaks into lines.
+    const QString whole = QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(text.toHtmlEscaped());
+    QToolTip::showText(event->globalPos(), fits ? QString() : whole, view);
     return true;
 }
 

@@ -140,7 +140,7 @@ int LyricsTableModel::columnCount(const QModelIndex& parent) const
 
 QVariant LyricsTableModel::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+    if (!index.isValid()) return {};
     const LyricsRow& lyrics = row(index.row()).lyrics;
     const LyricsColumn column = columnOf(index);
     switch (role) {
@@ -197,7 +197,7 @@ Qt::ItemFlags LyricsTableModel::flags(const QModelIndex& index) const
 
 bool LyricsTableModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (role != Qt::EditRole || !checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
+    if (role != Qt::EditRole || !index.isValid()) return false;
     LyricsRow& lyrics = m_rows[static_cast<std::size_t>(index.row())].lyrics;
     bool hasChanged = false;
     switch (columnOf(index)) {

@@ -222,7 +222,7 @@ bool LyricsTableView::activateCell()
 bool LyricsTableView::stepByTab(QKeyEvent& event)
 {
     const bool isForward = event.key() == Qt::Key_Tab && !(event.modifiers() & Qt::ShiftModifier);
-    if (event.modifiers() & Qt::ControlModifier) return focusNextPrevChild(isForward);
+    if (event.modifiers() & Qt::ControlModifier) return QAbstractScrollArea::focusNextPrevChild(isForward);
     const QModelIndex end =
         isForward ? model()->index(model()->rowCount() - 1, model()->columnCount() - 1) : model()->index(0, 0);
     if (currentIndex() != end && currentIndex().isValid()) return false;

@@ -3,6 +3,7 @@
 #include "core/protocol/SimpleMIDIFileBuilder.h"
 #include "tests/support/Bytes.h"
 
+#include <cstdint>
 #include <initializer_list>
 #include <string_view>
 
@@ -15,6 +16,14 @@ inline tonavelle::Message joined(std::initializer_list<tonavelle::Message> piece
     for (const auto& piece : pieces)
         result.insert(result.end(), piece.begin(), piece.end());
     return result;
+}
+
+/// A meta event whose data is `content`.
+inline tonavelle::SimpleMIDITimedEvent metaEvent(std::int64_t time, std::uint8_t type, std::string_view content)
+{
+    const auto size =
+        tonavelle::SimpleMIDIFileBuilder::variableLengthQuantity(static_cast<std::int64_t>(content.size()));
+    return {time, joined({{0xFF, type}, size, tonavelle::Message(content.begin(), content.end())})};
 }
 
 /// A track chunk with the length that `data`, hexadecimal, has.

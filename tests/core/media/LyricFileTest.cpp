@@ -16,7 +16,7 @@ namespace tonavelle {
 namespace {
 
 using orvim::test::bytes;
-using orvim::test::joined;
+using orvim::test::metaEvent;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Event = SimpleMIDITimedEvent;
@@ -26,12 +26,6 @@ constexpr std::uint8_t text = 0x01;
 constexpr std::uint8_t lyric = 0x05;
 
 const Message modeOn = bytes("F0 00 48 05 7F 05 01 F7");
-
-Event metaEvent(std::int64_t time, std::uint8_t type, std::string_view content)
-{
-    const auto size = SimpleMIDIFileBuilder::variableLengthQuantity(std::ssize(content));
-    return {time, joined({{0xFF, type}, size, Message(content.begin(), content.end())})};
-}
 
 Event command(std::int64_t time, LyricsCommand lyricsCommand, std::string_view content)
 {

@@ -1,0 +1,325 @@
+#include "pages/LyricsPageView.h"
+
+#include "controls/ElidedLabel.h"
+#include "tests/app/support/Drop.h"
+#include "tests/app/support/LyricsPageWindow.h"
+
+#include <QDragLeaveEvent>
+#include <QLabel>
+#include <QToolButton>
+
+namespace orvim {
+namespace {
+
+using test::bytes;
+using test::dropOnMiddle;
+using test::lyricMeta;
+using test::metaEvent;
+using test::songOf;
+using test::songOfLyrics;
+using testing::ElementsAre;
+
+class LyricsPageViewTest : public test::LyricsPageWindowTest
+{
+protected:
+    QString counter() { return page().findChild<ElidedLabel*>(QStringLiteral("counter"))->text(); }
+    QLabel& hint() { return *page().findChild<QLabel*>(QStringLiteral("dropHint")); }
+    QWidget& highlight() { return *page().findChild<QWidget*>(QStringLiteral("dropHighlight")); }
+
+    QStringList menuItems(const QString& title)
+    {
+        QStringList items;
+        for (const QAction* const action : menuButton(title).menu()->actions())
+            if (!action->isSeparator()) items << action->text();
+        return items;
+    }
+    QToolButton& menuButton(const QString& title)
+    {
+        return *window.page(EditorPage::lyrics).findChild<QToolButton*>(title);
+    }
+    void choose(const QString& menuTitle, const QString& item)
+    {
+        for (QAction* const action : menuButton(menuTitle).menu()->actions())
+            if (action->text() == item) return action->trigger();
+        ADD_FAILURE() << "no such item";
+    }
+    void pressTool(const QString& title)
+    {
+        for (auto* const button : window.page(EditorPage::lyrics).findChildren<EditorToolbarButton*>())
+            if (button->text() == title) return QTest::mouseClick(button, Qt::LeftButton);
+        ADD_FAILURE() << "no such button";
+    }
+    void openContextMenu(int row)
+    {
+        const QPoint position = middle(row, LyricsColumn::text);
+        QTest::mousePress(table().viewport(), Qt::RightButton, {}, position);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, position, table().viewport()->mapToGlobal(position));
+        QApplication::sendEvent(table().viewport(), &event);
+    }
+};
+
+TEST_F(LyricsPageViewTest, TheHintStandsInTheMiddleOnlyWhileNoFileIsOpen)
+{
+    EXPECT_TRUE(hint().isVisible());
+    EXPECT_EQ(hint().text(), QStringLiteral("ここにMIDIファイルを\nドラッグして下さい"));
+    const QPoint off = hint().geometry().center() - table().viewport()->geometry().center();
+    EXPECT_LE(off.manhattanLength(), 2);
+    actions().insert();
+    EXPECT_TRUE(hint().isVisible());
+    open(songOfLyrics(1));
+    EXPECT_FALSE(hint().isVisible());
+}
+
+TEST_F(LyricsPageViewTest, TheHintGivesWayToRowsWhileThereIsRoom)
+{
+    for (int i = 0; i < 12; ++i)
+        actions().insert();
+    const QRect last = table().visualRect(cell(11, LyricsColumn::text)).translated(table().viewport()->pos());
+    EXPECT_GT(hint().geometry().top(), last.bottom());
+    for (int i = 0; i < 100; ++i)
+        actions().insert();
+    EXPECT_TRUE(table().viewport()->geometry().contains(hint().geometry()));
+}
+
+TEST_F(LyricsPageViewTest, TheHeaderCountsRowsAndNamesTheFileWhole)
+{
+    EXPECT_EQ(counter(), QStringLiteral("歌詞イベント数：00000  MIDI未読込"));
+    const QString name = QString(200, QLatin1Char('x')) + QStringLiteral(".mid");
+    actions().load(write(name, songOfLyrics(3)));
+    EXPECT_EQ(counter(), QStringLiteral("歌詞イベント数：00003  ") + path(name));
+    EXPECT_EQ(page().findChild<ElidedLabel*>(QStringLiteral("counter"))->toolTip(), counter());
+    EXPECT_EQ(table().accessibleName(), counter());
+}
+
+TEST_F(LyricsPageViewTest, TheHelpTellsOfTheUseAndTheCommands)
+{
+    QStringList texts;
+    for (const QLabel* const label : page().findChild<QWidget*>(QStringLiteral("help"))->findChildren<QLabel*>())
+        texts << label->text();
+    EXPECT_EQ(texts,
+              (QStringList{QStringLiteral("使い方"),
+                           QStringLiteral("MIDIファイル中の歌詞イベント編集できます。保存時には、歌詞イベントを専用コマ"
+                                          "ンドに置き換えます。"),
+                           QStringLiteral("専用コマンド"),
+                           QStringLiteral("$ADD_HI$ / $ADD_LO$\n$DEL_HL$ / $DEL_HI$ / $DEL_LO$")}));
+}
+
+TEST_F(LyricsPageViewTest, TheThreeMenusHoldTheirItems)
+{
+    EXPECT_EQ(menuItems(QStringLiteral("ファイル")),
+              (QStringList{QStringLiteral("MIDIを開く"), QStringLiteral("MIDIを保存")}));
+    EXPECT_EQ(menuItems(QStringLiteral("設定")), QStringList{QStringLiteral("日本語表示モードON SysEx追加")});
+    EXPECT_EQ(menuItems(QStringLiteral("操作")),
+              (QStringList{QStringLiteral("挿入"), QStringLiteral("削除"), QStringLiteral("日本語表示ON"),
+                           QStringLiteral("日本語表示OFF")}));
+}
+
+TEST_F(LyricsPageViewTest, TheMenusAct)
+{
+    dialogs.pathToOpen = write(QStringLiteral("song.mid"), songOfLyrics(2));
+    choose(QStringLiteral("ファイル"), QStringLiteral("MIDIを開く"));
+    EXPECT_EQ(state().rows.size(), 2u);
+    choose(QStringLiteral("ファイル"), QStringLiteral("MIDIを保存"));
+    EXPECT_EQ(status(), QStringLiteral("MIDI保存をキャンセルしました。"));
+    choose(QStringLiteral("操作"), QStringLiteral("挿入"));
+    EXPECT_EQ(state().rows.size(), 3u);
+    choose(QStringLiteral("操作"), QStringLiteral("削除"));
+    EXPECT_EQ(state().rows.size(), 2u);
+    choose(QStringLiteral("操作"), QStringLiteral("日本語表示ON"));
+    EXPECT_EQ(status(), QStringLiteral("日本語表示ON を送信しました。"));
+    choose(QStringLiteral("操作"), QStringLiteral("日本語表示OFF"));
+    EXPECT_EQ(status(), QStringLiteral("日本語表示OFF を送信しました。"));
+}
+
+TEST_F(LyricsPageViewTest, TheSettingCarriesACheckMark)
+{
+    const QAction& setting = *menuButton(QStringLiteral("設定")).menu()->actions().at(0);
+    EXPECT_TRUE(setting.isCheckable());
+    EXPECT_TRUE(setting.isChecked());
+    choose(QStringLiteral("設定"), setting.text());
+    EXPECT_FALSE(setting.isChecked());
+    EXPECT_FALSE(state().addJapaneseModeOn);
+    choose(QStringLiteral("設定"), setting.text());
+    EXPECT_TRUE(state().addJapaneseModeOn);
+}
+
+TEST_F(LyricsPageViewTest, TheToolbarActs)
+{
+    dialogs.pathToOpen = write(QStringLiteral("song.mid"), songOfLyrics(2));
+    pressTool(QStringLiteral("開く"));
+    EXPECT_EQ(state().rows.size(), 2u);
+    pressTool(QStringLiteral("保存"));
+    EXPECT_EQ(dialogs.proposedNames, QStringList{QStringLiteral("song_out.mid")});
+    pressTool(QStringLiteral("挿入"));
+    EXPECT_THAT(texts(), ElementsAre("", "0", "1"));
+    pressTool(QStringLiteral("削除"));
+    EXPECT_THAT(texts(), ElementsAre("0", "1"));
+    pressTool(QStringLiteral("日本語オン"));
+    EXPECT_EQ(status(), QStringLiteral("日本語オン を送信しました。"));
+    pressTool(QStringLiteral("日本語オフ"));
+    EXPECT_EQ(status(), QStringLiteral("日本語オフ を送信しました。"));
+}
+
+TEST_F(LyricsPageViewTest, ShortcutsActOnlyWhileThePageIsInView)
+{
+    dialogs.pathToOpen = write(QStringLiteral("song.mid"), songOfLyrics(2));
+    plugged.runtime.setSelectedPage(EditorPage::command);
+    QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(state().hasOpenedMIDI);
+    EXPECT_TRUE(dialogs.proposedNames.isEmpty());
+    plugged.runtime.setSelectedPage(EditorPage::lyrics);
+    QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(state().rows.size(), 2u);
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(dialogs.proposedNames, QStringList{QStringLiteral("song_out.mid")});
+}
+
+TEST_F(LyricsPageViewTest, SongsAreOpenedByDropAtAllTimes)
+{
+    for (const int count : {2, 3}) {
+        const QString song = write(QStringLiteral("%1.mid").arg(count), songOfLyrics(count));
+        EXPECT_TRUE(dropOnMiddle(page(), {QUrl::fromLocalFile(song)}));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return state().openedMIDIPath == song; }));
+        EXPECT_EQ(table().model()->rowCount(), count);
+    }
+}
+
+TEST_F(LyricsPageViewTest, ADroppedWAVFileDoesNothingAndReportsNothing)
+{
+    const QString before = plugged.log();
+    const QString wave = write(QStringLiteral("a.wav"), bytes("52 49 46 46"));
+    EXPECT_TRUE(dropOnMiddle(page(), {QUrl::fromLocalFile(wave)}));
+    QTest::qWait(50);
+    EXPECT_EQ(plugged.log(), before);
+    EXPECT_FALSE(state().hasOpenedMIDI);
+}
+
+TEST_F(LyricsPageViewTest, ATextThatIsNoAddressIsNotTaken)
+{
+    QMimeData text;
+    text.setText(QStringLiteral("a.mid"));
+    EXPECT_FALSE(dropOnMiddle(page(), text));
+}
+
+TEST_F(LyricsPageViewTest, ThePageIsMarkedWhileASongIsDraggedOverIt)
+{
+    const auto dragIn = [&](const char* name) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(path(QString::fromUtf8(name)))});
+        QDragEnterEvent enter(page().rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&page(), &enter);
+    };
+    EXPECT_FALSE(highlight().isVisible());
+    dragIn("a.mid");
+    EXPECT_TRUE(highlight().isVisible());
+    EXPECT_EQ(highlight().geometry(), page().rect());
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(&page(), &leave);
+    EXPECT_FALSE(highlight().isVisible());
+    dragIn("a.wav");
+    EXPECT_FALSE(highlight().isVisible());
+    EXPECT_TRUE(dropOnMiddle(page(), {QUrl::fromLocalFile(path(QStringLiteral("a.mid")))}));
+    EXPECT_FALSE(highlight().isVisible());
+}
+
+TEST_F(LyricsPageViewTest, AFileDroppedOnACellThatIsEditedIsForThePage)
+{
+    open(songOfLyrics(30));
+    const int row = table().indexAt(table().viewport()->rect().center()).row();
+    goTo(row, LyricsColumn::text);
+    type(QStringLiteral("typed"));
+    ASSERT_TRUE(editor());
+    const QString song = write(QStringLiteral("other.mid"), songOfLyrics(1));
+    EXPECT_TRUE(dropOnMiddle(page(), {QUrl::fromLocalFile(song)}));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return state().openedMIDIPath == song; }));
+    EXPECT_THAT(texts(), ElementsAre("0"));
+}
+
+TEST_F(LyricsPageViewTest, TheContextMenuIsForTheRowUnderThePointer)
+{
+    open(songOfLyrics(3));
+    const LyricsRowID selected = id(0);
+    click(0, LyricsColumn::text);
+    openContextMenu(1);
+    ASSERT_TRUE(menu());
+    ASSERT_EQ(menu()->actions().size(), 2);
+    EXPECT_EQ(menu()->actions()[0]->text(), QStringLiteral("挿入"));
+    EXPECT_EQ(menu()->actions()[1]->text(), QStringLiteral("削除"));
+    QTest::keyClick(menu(), Qt::Key_Down);
+    QTest::keyClick(menu(), Qt::Key_Down);
+    QTest::keyClick(menu(), Qt::Key_Return);
+    EXPECT_THAT(texts(), ElementsAre("0", "2"));
+    EXPECT_EQ(state().selectedRowIDs, QSet<LyricsRowID>{selected}) << "the other row stays selected";
+    EXPECT_TRUE(table().selectionModel()->isRowSelected(0));
+
+    openContextMenu(1);
+    menu()->actions()[0]->trigger();
+    menu()->close();
+    EXPECT_THAT(texts(), ElementsAre("0", "2", ""));
+    EXPECT_EQ(state().selectedRowIDs, QSet<LyricsRowID>{id(2)});
+    EXPECT_TRUE(table().selectionModel()->isRowSelected(2));
+    EXPECT_FALSE(table().selectionModel()->isRowSelected(0));
+}
+
+TEST_F(LyricsPageViewTest, TheContextMenuComesByKeyForTheCurrentRow)
+{
+    open(songOfLyrics(3));
+    goTo(2, LyricsColumn::text);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(table().viewport(), &event);
+    ASSERT_TRUE(menu());
+    menu()->actions()[1]->trigger();
+    menu()->close();
+    EXPECT_THAT(texts(), ElementsAre("0", "1"));
+}
+
+TEST_F(LyricsPageViewTest, WhatIsBeingTypedIsSaved)
+{
+    open(songOfLyrics(2));
+    goTo(0, LyricsColumn::text);
+    type(QStringLiteral("new"));
+    dialogs.pathToSave = path(QStringLiteral("out.mid"));
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(status(), QStringLiteral("MIDIファイルを保存しました。"));
+    const auto rows = tonavelle::readLyricRows(read(*dialogs.pathToSave));
+    EXPECT_EQ(rows.at(0).text, "new");
+    EXPECT_TRUE(table().hasFocus());
+}
+
+TEST_F(LyricsPageViewTest, WhatIsBeingTypedSurvivesInsertionDeletionPreviewAndAChangeOfPage)
+{
+    open(songOfLyrics(3));
+    goTo(0, LyricsColumn::text);
+    type(QStringLiteral("a"));
+    choose(QStringLiteral("操作"), QStringLiteral("挿入"));
+    EXPECT_THAT(texts(), ElementsAre("a", "", "1", "2"));
+
+    goTo(0, LyricsColumn::text);
+    type(QStringLiteral("b"));
+    plugged.system.forgetSent();
+    click(0, LyricsColumn::preview);
+    EXPECT_THAT(plugged.sent(), ElementsAre(bytes("F0 00 48 05 7F 07 00 06 02 F7")));
+
+    goTo(2, LyricsColumn::ticks);
+    type(QStringLiteral("77"));
+    plugged.runtime.setSelectedPage(EditorPage::command);
+    EXPECT_EQ(row(2).ticks, 77);
+}
+
+TEST_F(LyricsPageViewTest, TheTableIsFoundByAKeyAndEveryFieldHasAName)
+{
+    open(songOfLyrics(1));
+    EXPECT_TRUE(table().focusPolicy() & Qt::TabFocus);
+    for (const auto column : {LyricsColumn::bar, LyricsColumn::ticks, LyricsColumn::text}) {
+        goTo(0, column);
+        press(Qt::Key_F2);
+        ASSERT_TRUE(editor());
+        EXPECT_EQ(editor()->accessibleName(),
+                  table().model()->headerData(static_cast<int>(column), Qt::Horizontal).toString());
+        press(Qt::Key_Escape);
+    }
+}
+
+} // namespace
+} // namespace orvim
