@@ -22,6 +22,7 @@ constexpr int toolbarTitlePixelSize = 11;
 constexpr int toolbarTitlePadding = 8;
 constexpr int headerTitlePixelSize = 16;
 constexpr int headerSymbolSize = 20;
+constexpr int headerSpacing = 10;
 
 QFrame* makeRule(QWidget* parent)
 {
@@ -64,9 +65,13 @@ QSize EditorToolbarButton::minimumSizeHint() const
 
 EditorPageHeader::EditorPageHeader(EditorPage page, QWidget* parent) : QWidget(parent)
 {
-    auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(14, 8, 14, 8);
-    layout->setSpacing(10);
+    m_line = new QHBoxLayout(this);
+    m_line->setContentsMargins(14, 8, 14, 8);
+    m_line->setSpacing(headerSpacing);
+    auto* const layout = new QHBoxLayout;
+    layout->setSpacing(headerSpacing);
+    m_line->addLayout(layout);
+    m_line->setAlignment(layout, Qt::AlignLeft);
 
     auto* const symbolLabel = new IconLabel(headerSymbolSize, this);
     symbolLabel->setIcon(symbolIcon(symbol(page)));
@@ -85,8 +90,20 @@ EditorPageHeader::EditorPageHeader(EditorPage page, QWidget* parent) : QWidget(p
     layout->addLayout(m_menus);
     m_toolbar = new QHBoxLayout;
     m_toolbar->setSpacing(4);
-    layout->addLayout(m_toolbar);
-    layout->addStretch(1);
+    m_line->addLayout(m_toolbar);
+    m_line->setAlignment(m_toolbar, Qt::AlignLeft);
+    m_line->addItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
+}
+
+/// Where both do not fit beside each other the toolbar stands below the menus.
+void EditorPageHeader::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    const QMargins margins = m_line->contentsMargins();
+    int width = margins.left() + margins.right();
+    for (int i = 0; i < m_line->count(); ++i)
+        width += m_line->itemAt(i)->sizeHint().width() + (i > 0 ? m_line->spacing() : 0);
+    m_line->setDirection(width <= event->size().width() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
 QMenu* EditorPageHeader::addMenu(const QString& title)

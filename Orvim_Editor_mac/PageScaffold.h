@@ -34,7 +34,11 @@ public:
     /// A new toolbar button behind the ones before it.
     EditorToolbarButton* addToolbarButton(const QString& title, const QString& systemImage);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    QHBoxLayout* m_line = nullptr;
     QHBoxLayout* m_menus = nullptr;
     QHBoxLayout* m_toolbar = nullptr;
 };

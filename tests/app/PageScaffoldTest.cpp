@@ -48,5 +48,23 @@ TEST(PageScaffold, MenusStandAtTheLeftOfTheToolbarUnderThePagesTitle)
     EXPECT_TRUE(texts.contains(QStringLiteral("歌詞編集")));
 }
 
+TEST(PageScaffold, WhereTheWidthIsShortTheToolbarStandsBelowTheMenusAtItsFullSize)
+{
+    PageScaffold page(EditorPage::lyrics);
+    const auto* const menuButton = qobject_cast<QWidget*>(page.header().addMenu(QStringLiteral("ファイル"))->parent());
+    auto* const toolbarButton = page.header().addToolbarButton(QStringLiteral("開く"), QStringLiteral("folder"));
+    for (int i = 0; i < 4; ++i)
+        page.header().addToolbarButton(QStringLiteral("保存"), QStringLiteral("folder"));
+    page.show();
+    for (const int width : {900, 400, 900}) {
+        page.resize(width, 600);
+        QCoreApplication::processEvents();
+        const int menuBottom = menuButton->mapTo(&page, QPoint(0, menuButton->height())).y();
+        const int toolbarTop = toolbarButton->mapTo(&page, QPoint()).y();
+        EXPECT_EQ(toolbarTop >= menuBottom, width == 400);
+        EXPECT_EQ(toolbarButton->size(), QSize(58, 52));
+    }
+}
+
 } // namespace
 } // namespace orvim
