@@ -49,7 +49,7 @@ private:
     Kind m_kind;
 };
 
-/// The command with the mark of a picker.
+/// The command with the mark of a picker; the view opens the menu that it is picked from.
 class CommandCellDelegate : public TextCellDelegate
 {
     Q_OBJECT
@@ -57,6 +57,7 @@ class CommandCellDelegate : public TextCellDelegate
 public:
     using TextCellDelegate::TextCellDelegate;
 
+    QWidget* createEditor(QWidget*, const QStyleOptionViewItem&, const QModelIndex&) const override { return nullptr; }
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 };
 

@@ -25,6 +25,9 @@ public:
     /// Takes over what is being typed, and closes its editor.
     void commitEditing();
 
+    /// Letters are typed into cells; they choose no rows.
+    void keyboardSearch(const QString&) override {}
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

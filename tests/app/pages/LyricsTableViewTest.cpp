@@ -248,6 +248,18 @@ TEST_F(LyricsTableViewTest, ACommandIsPickedByKeys)
     EXPECT_EQ(row(0).command, LyricsCommand::deleteUpper);
 }
 
+TEST_F(LyricsTableViewTest, LettersTypedOnACommandOrAButtonDoNothing)
+{
+    open(songOf({metaEvent(0, lyricMeta, "a"), metaEvent(1, lyricMeta, "$DEL_HI$")}));
+    for (const auto column : {LyricsColumn::command, LyricsColumn::preview}) {
+        goTo(0, column);
+        type(QStringLiteral("d3"));
+        EXPECT_TRUE(isAt(0, column));
+        EXPECT_TRUE(table().hasFocus());
+        EXPECT_EQ(row(0).command, LyricsCommand::addUpper);
+    }
+}
+
 TEST_F(LyricsTableViewTest, ThePreviewButtonActsOnReleaseInsideItAndKeepsTheSelection)
 {
     open(songOfLyrics(3));
@@ -281,20 +293,22 @@ TEST_F(LyricsTableViewTest, ThePreviewButtonShowsThatItIsHoveredAndHeld)
 {
     open(songOfLyrics(1));
     const QRect button = table().visualRect(cell(0, LyricsColumn::preview));
-    const auto picture = [&] {
-        QCoreApplication::processEvents();
-        return table().viewport()->grab(button).toImage();
+    const auto picture = [&] { return table().viewport()->grab(button).toImage(); };
+    const auto comesToDifferFrom = [&](const QImage& former) {
+        return QTest::qWaitFor([&] { return picture() != former; });
     };
+    // The pointer's own events take their time.
     QTest::mouseMove(table().viewport(), middle(0, LyricsColumn::text));
+    QTest::qWait(50);
     const QImage idle = picture();
     QTest::mouseMove(table().viewport(), button.center());
+    EXPECT_TRUE(comesToDifferFrom(idle));
     const QImage hovered = picture();
-    EXPECT_NE(hovered, idle);
     QTest::mousePress(table().viewport(), Qt::LeftButton, {}, button.center());
+    EXPECT_TRUE(comesToDifferFrom(hovered));
     const QImage held = picture();
-    EXPECT_NE(held, hovered);
     QTest::mouseRelease(table().viewport(), Qt::LeftButton, {}, button.center());
-    EXPECT_NE(picture(), held);
+    EXPECT_TRUE(comesToDifferFrom(held));
 }
 
 TEST_F(LyricsTableViewTest, DeleteAndBackspaceRemoveTheSelectedRows)
