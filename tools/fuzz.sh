@@ -20,8 +20,12 @@ for target in "$@"; do
   found=build/fuzz/found/$target
   mkdir -p "$found"
   log=build/fuzz/$target.log
+  case $target in
+    formula | user_waveform_wav) dictionary= ;;
+    *) dictionary=-dict=tests/fuzz/midi.dict ;;
+  esac
   if build/fuzz/tests/fuzz/fuzz_"$target" -max_total_time="$seconds" -rss_limit_mb=1024 -timeout=10 -max_len=65536 \
-    -artifact_prefix="build/fuzz/$target-" "$found" "tests/fuzz/corpus/$target" 2>"$log"; then
+    $dictionary -artifact_prefix="build/fuzz/$target-" "$found" "tests/fuzz/corpus/$target" 2>"$log"; then
     echo "fuzz: $target: $(sed -n 's/^Done \([0-9]*\) runs.*/\1/p' "$log") runs, nothing found"
   else
     echo "fuzz: $target FAILED, see $log" >&2
