@@ -37,6 +37,18 @@ std::array<std::uint8_t, 3> address(std::int64_t value)
             static_cast<std::uint8_t>(value & 0x7F)};
 }
 
+/// The code of every sample, by its 16 bits: a logarithm each time takes longer than everything else about a sound.
+const std::array<std::uint8_t, 0x10000>& codesBySample()
+{
+    static const auto table = [] {
+        std::array<std::uint8_t, 0x10000> codes;
+        for (std::size_t bits = 0; bits < codes.size(); ++bits)
+            codes[bits] = encodeULaw7Bit(static_cast<std::int16_t>(bits));
+        return codes;
+    }();
+    return table;
+}
+
 } // namespace
 
 std::uint8_t encodeULaw7Bit(std::int16_t pcm)
@@ -64,11 +76,12 @@ std::vector<std::uint8_t> serializeULawSamples(std::span<const SamplingSoundItem
         count += item.sampleCount();
     std::vector<std::uint8_t> codes(count);
     auto code = codes.begin();
+    const auto& codeOf = codesBySample();
     for (const auto& item : items) {
         for (std::size_t i = 0; i < item.sampleCount(); ++i) {
             std::int16_t sample = sampleAt(item.pcm16LittleEndian, i);
             if (reduceVolume) sample = static_cast<std::int16_t>(sample * volumeFactor);
-            *code++ = encodeULaw7Bit(sample);
+            *code++ = codeOf[static_cast<std::uint16_t>(sample)];
         }
     }
     return codes;

@@ -106,6 +106,17 @@ TEST(SerializeULawSamples, RunsAllSoundsTogether)
     EXPECT_EQ(serializeULawSamples(items, false), (std::vector<std::uint8_t>{64, 127, 1}));
 }
 
+TEST(SerializeULawSamples, GivesEverySampleItsOwnCode)
+{
+    std::vector<int> samples;
+    std::vector<std::uint8_t> codes;
+    for (int sample = -32'768; sample <= 32'767; ++sample) {
+        samples.push_back(sample);
+        codes.push_back(encodeULaw7Bit(static_cast<std::int16_t>(sample)));
+    }
+    EXPECT_EQ(serializeULawSamples(std::vector{soundOf(samples)}, false), codes);
+}
+
 TEST(SerializeULawSamples, TruncatesReducedSamplesTowardZero)
 {
     // 20 x 0.56234 is 11.2468, 19 x 0.56234 is 10.68 and truncates to 10, whose code is still that of silence.
