@@ -4,39 +4,48 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
+#include <span>
 
 namespace orvim {
 
 namespace {
 
 constexpr int side = tonavelle::ImageTransferBuilder::width;
-constexpr int channelCount = 3;
+constexpr std::size_t sourceChannels = 4; ///< blue, green, red and alpha as the bytes lie
+constexpr std::size_t pictureChannels = 3;
 
-/// The source pixels that one pixel of the result covers in one direction, and how much of it each makes up.
+/// The source pixels that one pixel of the result covers in one direction, and how much of it each makes up: the inner
+/// ones the same, the first and the last what their cut leaves of them.
 struct Coverage {
-    int first = 0;
-    std::vector<float> weights;
+    std::size_t first = 0;
+    std::size_t count = 0;
+    float firstWeight = 0;
+    float innerWeight = 0;
+    float lastWeight = 0;
+
+    float weight(std::size_t i) const
+    {
+        if (i == 0) return firstWeight;
+        return i + 1 == count ? lastWeight : innerWeight;
+    }
 };
 
 using Coverages = std::array<Coverage, side>;
-using ColorRow = std::array<float, side * channelCount>; ///< red, green and blue a pixel
 
-Coverage coverage(int position, int sourceLength, double start, double length)
+Coverage coverage(int position, double sourceLength, double start, double length)
 {
     const double sourcePerPixel = sourceLength / length;
-    const double from = std::clamp((position - start) * sourcePerPixel, 0.0, static_cast<double>(sourceLength));
-    const double to = std::clamp((position + 1 - start) * sourcePerPixel, 0.0, static_cast<double>(sourceLength));
-    Coverage result;
-    result.first = static_cast<int>(from);
-    for (int i = result.first; i < to; ++i) {
-        const double overlap = std::min<double>(to, i + 1) - std::max<double>(from, i);
-        result.weights.push_back(static_cast<float>(overlap / sourcePerPixel));
-    }
-    return result;
+    const double from = std::clamp((position - start) * sourcePerPixel, 0.0, sourceLength);
+    const double to = std::clamp((position + 1 - start) * sourcePerPixel, 0.0, sourceLength);
+    const double first = std::floor(from);
+    const double end = std::ceil(to);
+    if (!(from < to)) return {};
+    return {static_cast<std::size_t>(first), static_cast<std::size_t>(end - first),
+            static_cast<float>((std::min(to, first + 1) - from) / sourcePerPixel),
+            static_cast<float>(1 / sourcePerPixel), static_cast<float>((to - (end - 1)) / sourcePerPixel)};
 }
 
-Coverages coverages(int sourceLength, double start, double length)
+Coverages coverages(double sourceLength, double start, double length)
 {
     Coverages result;
     for (int i = 0; i < side; ++i)
@@ -44,32 +53,31 @@ Coverages coverages(int sourceLength, double start, double length)
     return result;
 }
 
-ColorRow shrunkRow(const std::uint8_t* line, const Coverages& columns)
+void addLine(std::span<float> sums, const std::uint8_t* line, float weight)
 {
-    ColorRow row{};
-    for (std::size_t x = 0; x < columns.size(); ++x) {
-        float red = 0;
-        float green = 0;
-        float blue = 0;
-        const std::uint8_t* pixelBytes = line + static_cast<std::size_t>(columns[x].first) * sizeof(std::uint32_t);
-        for (const float weight : columns[x].weights) {
-            std::uint32_t pixel = 0;
-            std::memcpy(&pixel, pixelBytes, sizeof pixel);
-            pixelBytes += sizeof pixel;
-            red += weight * static_cast<float>(pixel >> 16 & 0xFF);
-            green += weight * static_cast<float>(pixel >> 8 & 0xFF);
-            blue += weight * static_cast<float>(pixel & 0xFF);
-        }
-        row[x * channelCount] = red;
-        row[x * channelCount + 1] = green;
-        row[x * channelCount + 2] = blue;
-    }
-    return row;
+    for (std::size_t i = 0; i < sums.size(); ++i)
+        sums[i] += weight * static_cast<float>(line[i]);
+}
+
+std::array<float, sourceChannels> meanColor(std::span<const float> sums, const Coverage& column)
+{
+    std::array<float, sourceChannels> color{};
+    const float* pixel = sums.data() + column.first * sourceChannels;
+    const auto add = [&](float weight) {
+        for (std::size_t channel = 0; channel < sourceChannels; ++channel)
+            color[channel] += weight * pixel[channel];
+        pixel += sourceChannels;
+    };
+    if (column.count > 0) add(column.firstWeight);
+    for (std::size_t i = 2; i < column.count; ++i)
+        add(column.innerWeight);
+    if (column.count > 1) add(column.lastWeight);
+    return color;
 }
 
 std::uint8_t roundedByte(float value)
 {
-    return static_cast<std::uint8_t>(std::clamp(std::lround(value), 0L, 255L));
+    return static_cast<std::uint8_t>(std::min(value + 0.5f, 255.0f));
 }
 
 } // namespace
@@ -87,22 +95,19 @@ std::vector<std::uint8_t> areaAveraged(const PixelView& source, const DrawnRecta
     const Coverages columns = coverages(source.width, drawn.left, drawn.width);
     const Coverages lines = coverages(source.height, drawn.top, drawn.height);
     std::vector<std::uint8_t> picture(tonavelle::ImageTransferBuilder::rgbByteCount);
-    // Two neighbours share at most one line of the source, which is kept from the one to the next.
-    int keptLine = -1;
-    ColorRow kept{};
-    for (std::size_t y = 0; y < lines.size(); ++y) {
-        ColorRow sum{};
-        int line = lines[y].first;
-        for (const float weight : lines[y].weights) {
-            if (line != keptLine) {
-                kept = shrunkRow(source.bytes + static_cast<std::size_t>(line) * source.bytesPerLine, columns);
-                keptLine = line;
-            }
-            for (std::size_t i = 0; i < sum.size(); ++i)
-                sum[i] += weight * kept[i];
-            ++line;
+    std::uint8_t* result = picture.data();
+    std::vector<float> sums(static_cast<std::size_t>(std::ceil(source.width)) * sourceChannels);
+    for (const Coverage& covered : lines) {
+        // Lines first, as many values stand side by side in them.
+        std::ranges::fill(sums, 0.0f);
+        for (std::size_t i = 0; i < covered.count; ++i)
+            addLine(sums, source.bytes + (covered.first + i) * source.bytesPerLine, covered.weight(i));
+        for (const Coverage& column : columns) {
+            const auto color = meanColor(sums, column);
+            for (std::size_t channel = 0; channel < pictureChannels; ++channel)
+                result[channel] = roundedByte(color[pictureChannels - 1 - channel]);
+            result += pictureChannels;
         }
-        std::ranges::transform(sum, picture.begin() + static_cast<std::ptrdiff_t>(y * sum.size()), roundedByte);
     }
     return picture;
 }

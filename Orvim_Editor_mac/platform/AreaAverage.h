@@ -7,10 +7,11 @@
 
 namespace orvim {
 
-/// Pixels as 32-bit words 0xAARRGGBB with premultiplied alpha, rows from the top.
+/// Pixels of four bytes, blue, green, red and alpha, the colours premultiplied; rows from the top. Of the last column
+/// and the last row a part may lie outside of the picture, which then ends at the fraction.
 struct PixelView {
-    int width = 0;
-    int height = 0;
+    double width = 0;
+    double height = 0;
     const std::uint8_t* bytes = nullptr;
     std::size_t bytesPerLine = 0;
 };

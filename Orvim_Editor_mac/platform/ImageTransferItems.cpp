@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 
 namespace orvim {
@@ -19,14 +20,21 @@ namespace orvim {
 namespace {
 
 constexpr int side = tonavelle::ImageTransferBuilder::width;
-/// Above the largest photos; a file that declares more is made to use up memory.
+constexpr qsizetype bytesPerLine = side * static_cast<qsizetype>(tonavelle::ImageTransferBuilder::bytesPerPixel);
+/// A file that declares more pixels is made to use up memory or time. A JPEG may have more, as it is decoded smaller.
+constexpr qint64 mostDecodedPixels = 64 * 1024 * 1024;
 constexpr qint64 mostPixels = 128 * 1024 * 1024;
 /// What the decoders may take for the pixels of one picture.
 constexpr int mostMegabytes = 256;
-/// A reduced decode keeps this many pixels for each one drawn, so that the mean over them stays exact.
-constexpr double leastReduction = 4;
-/// A JPEG can be decoded at any number of these parts of its size.
-constexpr int jpegParts = 8;
+
+/// From how many pixels for each one drawn a JPEG is decoded that many times smaller. A drawn pixel whose edge cuts
+/// through a decoded one takes a share of it; with these the difference is not seen, not even in drawings of thin
+/// lines.
+struct Reduction {
+    int divisor;
+    int leastPixelsPerDrawn;
+};
+constexpr std::array<Reduction, 3> reductions{{{8, 49}, {4, 35}, {2, 25}}};
 
 const std::array<QByteArray, 3>& supportedFormats()
 {
@@ -34,16 +42,17 @@ const std::array<QByteArray, 3>& supportedFormats()
     return formats;
 }
 
-/// The size at which a JPEG is decoded; smaller than its own where that leaves enough.
-QSize decodedSize(QSize size)
+int divisorFor(QSize size)
 {
-    const auto drawn = aspectFit(size.width(), size.height());
-    for (int parts = 1; parts < jpegParts; ++parts) {
-        const QSize reduced = size * parts / jpegParts;
-        if (reduced.width() >= leastReduction * drawn.width && reduced.height() >= leastReduction * drawn.height)
-            return reduced;
-    }
-    return size;
+    const int longerSide = std::max(size.width(), size.height());
+    for (const auto& reduction : reductions)
+        if (longerSide >= reduction.leastPixelsPerDrawn * side) return reduction.divisor;
+    return 1;
+}
+
+bool hasMorePixels(QSize size, qint64 most)
+{
+    return static_cast<qint64>(size.width()) * size.height() > most;
 }
 
 /// Many programs write the customary gamma instead of saying sRGB; both mean the same picture.
@@ -64,58 +73,80 @@ void convertToSRGB(QImage& image)
 
 struct DecodedPicture {
     QImage image;
-    QSize size; ///< of the whole picture as it is to be seen; the image may be smaller
+    QSize size;      ///< of the whole picture
+    int divisor = 1; ///< how many times smaller the image is; its last column and row may lie outside of the picture
 };
 
-DecodedPicture decode(const QString& path)
+DecodedPicture decode(QImageReader& reader)
 {
-    // Neither a folder nor a pipe is opened: reading one would fail late or never end.
-    if (!QFileInfo(path).isFile()) throw Phase3FileError(Phase3FileError::cannotOpenImage);
-    QImageReader::setAllocationLimit(mostMegabytes);
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    if (std::ranges::find(supportedFormats(), reader.format()) == supportedFormats().end())
+    // A BMP whose rows run from the top has a negative height.
+    const QSize declared = reader.size();
+    const QSize size(declared.width(), std::abs(declared.height()));
+    if (size.isEmpty() || hasMorePixels(size, mostPixels)) throw Phase3FileError(Phase3FileError::cannotOpenImage);
+    DecodedPicture picture{{}, size, reader.format() == "jpeg" ? divisorFor(size) : 1};
+    const int divisor = picture.divisor;
+    const QSize decoded((size.width() + divisor - 1) / divisor, (size.height() + divisor - 1) / divisor);
+    if (hasMorePixels(decoded, mostDecodedPixels)) throw Phase3FileError(Phase3FileError::cannotOpenImage);
+    if (divisor > 1) {
+        reader.setScaledSize(decoded);
+        // Without a clip in whole blocks the reader would stretch the decoder's pixels to the size asked for.
+        reader.setClipRect(QRect(QPoint(), decoded * divisor));
+    }
+    if (!reader.read(&picture.image) || picture.image.size() != decoded)
         throw Phase3FileError(Phase3FileError::cannotOpenImage);
-    const QSize size = reader.size();
-    if (size.isEmpty() || static_cast<qint64>(size.width()) * size.height() > mostPixels)
-        throw Phase3FileError(Phase3FileError::cannotOpenImage);
-    const bool isTurned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
-    if (reader.format() == "jpeg" && decodedSize(size) != size) reader.setScaledSize(decodedSize(size));
-    DecodedPicture picture{{}, isTurned ? size.transposed() : size};
-    if (!reader.read(&picture.image)) throw Phase3FileError(Phase3FileError::cannotOpenImage);
     return picture;
 }
 
-std::vector<std::uint8_t> rendered(QImage image, QSize size)
+std::vector<std::uint8_t> rendered(DecodedPicture picture)
 {
-    if (image.isNull() || size.isEmpty()) throw Phase3FileError(Phase3FileError::cannotOpenImage);
+    QImage& image = picture.image;
+    if (image.isNull()) throw Phase3FileError(Phase3FileError::cannotOpenImage);
     convertToSRGB(image);
     const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
     image.convertTo(format);
     if (image.isNull() || image.format() != format) throw Phase3FileError(Phase3FileError::cannotCreateBitmapContext);
-    const PixelView pixels{image.width(), image.height(), image.constBits(),
+    static_assert(std::endian::native == std::endian::little, "the image's pixels are words, those averaged are bytes");
+    const QSizeF seen = QSizeF(picture.size) / picture.divisor;
+    const PixelView pixels{seen.width(), seen.height(), image.constBits(),
                            static_cast<std::size_t>(image.bytesPerLine())};
-    return areaAveraged(pixels, aspectFit(size.width(), size.height()));
+    return areaAveraged(pixels, aspectFit(picture.size.width(), picture.size.height()));
+}
+
+/// The picture as it is to be seen.
+std::vector<std::uint8_t> turned(const std::vector<std::uint8_t>& rgb888, QImageIOHandler::Transformations turn)
+{
+    if (turn == QImageIOHandler::TransformationNone) return rgb888;
+    QImage image(rgb888.data(), side, side, bytesPerLine, QImage::Format_RGB888);
+    image = image.mirrored(turn.testFlag(QImageIOHandler::TransformationMirror),
+                           turn.testFlag(QImageIOHandler::TransformationFlip));
+    if (turn.testFlag(QImageIOHandler::TransformationRotate90)) image = image.transformed(QTransform().rotate(90));
+    return {image.constBits(), image.constBits() + image.sizeInBytes()};
 }
 
 } // namespace
 
 std::vector<std::uint8_t> loadPicture(const QString& path)
 {
-    DecodedPicture picture = decode(path);
-    return rendered(std::move(picture.image), picture.size);
+    // Neither a folder nor a pipe is opened: reading one would fail late or never end.
+    if (!QFileInfo(path).isFile()) throw Phase3FileError(Phase3FileError::cannotOpenImage);
+    QImageReader::setAllocationLimit(mostMegabytes);
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    if (std::ranges::find(supportedFormats(), reader.format()) == supportedFormats().end())
+        throw Phase3FileError(Phase3FileError::cannotOpenImage);
+    const auto picture = rendered(decode(reader));
+    // Turned last, where there are few pixels to turn.
+    return turned(picture, reader.transformation());
 }
 
 std::vector<std::uint8_t> renderImageToRGB888(const QImage& image)
 {
-    return rendered(image, image.size());
+    return rendered({image, image.size()});
 }
 
 QImage makePreviewImage(std::span<const std::uint8_t> rgb888)
 {
     if (rgb888.size() != tonavelle::ImageTransferBuilder::rgbByteCount) return {};
-    constexpr qsizetype bytesPerLine = side * static_cast<qsizetype>(tonavelle::ImageTransferBuilder::bytesPerPixel);
     return QImage(rgb888.data(), side, side, bytesPerLine, QImage::Format_RGB888).convertedTo(QImage::Format_RGB32);
 }
 

@@ -1,13 +1,11 @@
 #include "pages/ToneEditorFileActions.h"
 
+#include "tests/app/support/HostileDisk.h"
 #include "tests/app/support/ToneEditorTest.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <sys/resource.h>
-
-#include <csignal>
 #include <unistd.h>
 
 namespace orvim {
@@ -198,34 +196,11 @@ TEST_F(ToneEditorFileActionsTest, AReadOnlyFolderLeavesTheOldFileWhole)
     QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
-/// No file grows beyond `bytes` while it lives, as on a disk that is full.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes) : m_formerAction(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_formerLimit);
-        const rlimit limit{bytes, m_formerLimit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_formerLimit);
-        std::signal(SIGXFSZ, m_formerAction);
-    }
-
-private:
-    rlimit m_formerLimit{};
-    void (*m_formerAction)(int);
-};
-
 TEST_F(ToneEditorFileActionsTest, AFullDiskIsReportedAndLeavesTheOldFileWhole)
 {
     write(path("tone_data.mid"), "old");
     {
-        const FullDisk full(1'000);
+        const test::FullDisk full(1'000);
         saveTo(path("tone_data.mid"));
     }
     EXPECT_EQ(status(), QStringLiteral("音色データMIDIを書き出せません。"));

@@ -15,8 +15,8 @@ struct Source {
 
     PixelView view() const
     {
-        return {width, height, reinterpret_cast<const std::uint8_t*>(pixels.data()),
-                static_cast<std::size_t>(width) * 4};
+        return {static_cast<double>(width), static_cast<double>(height),
+                reinterpret_cast<const std::uint8_t*>(pixels.data()), static_cast<std::size_t>(width) * 4};
     }
 };
 

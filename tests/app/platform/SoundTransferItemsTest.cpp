@@ -130,6 +130,34 @@ TEST_F(SoundFiles, WhatIsNoSoundIsRefused)
               Phase3FileError::cannotReadAudio);
 }
 
+TEST_F(SoundFiles, WhatIsNoNumberIsSilenceAndTheEndlessIsLimited)
+{
+    // Not a number, endless, endless below zero, 3e38.
+    const QByteArray hostile = QByteArray::fromHex("0000C07F"
+                                                   "0000807F"
+                                                   "000080FF"
+                                                   "99B3617F");
+    EXPECT_EQ(loaded(waveFile({WaveCoding::floatingPoint, 1, 24'000, 32}, hostile)), bytes("00 00 FF 7F 01 80 FF 7F"));
+    EXPECT_EQ(loaded(waveFile({WaveCoding::floatingPoint, 2, 24'000, 32}, hostile)), bytes("00 00 01 80"))
+        << "no number and endless, then endless below zero and 3e38";
+}
+
+TEST_F(SoundFiles, AHeaderWithoutChannelsRateOrBitsIsRefused)
+{
+    const QByteArray data(100, '\0');
+    EXPECT_EQ(errorOf(waveFile({WaveCoding::pcm, 0, 24'000, 16}, data)), Phase3FileError::cannotReadAudio);
+    EXPECT_EQ(errorOf(waveFile({WaveCoding::pcm, 1, 0, 16}, data)), Phase3FileError::cannotReadAudio);
+    EXPECT_EQ(errorOf(waveFile({WaveCoding::pcm, 1, 24'000, 0}, data)), Phase3FileError::cannotReadAudio);
+    EXPECT_EQ(errorOf(waveFile({WaveCoding::pcm, 0xFFFF, 24'000, 16}, data)), Phase3FileError::cannotReadAudio);
+}
+
+TEST_F(SoundFiles, ARateOfAllOnesGivesASoundOfNothing)
+{
+    const auto error = errorOf(waveFile({WaveCoding::pcm, 1, 0xFFFFFFFF, 16}, QByteArray(100, '\0')));
+    EXPECT_EQ(error, Phase3FileError::cannotReadAudio) << "below zero where it is signed";
+    EXPECT_EQ(loaded(waveFile({WaveCoding::pcm, 1, 0x7FFFFFFF, 16}, QByteArray(100, '\0'))), bytes(""));
+}
+
 TEST_F(SoundFiles, AFewFramesAtOneHertzDoNotTakeAllMemory)
 {
     EXPECT_EQ(errorOf(waveFile({WaveCoding::pcm, 1, 1, 8}, QByteArray(200'000, '\x80'))),
