@@ -1,5 +1,6 @@
 #include "platform/MainThreadDoor.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -28,8 +29,13 @@ void MainThreadDoor::stir()
 
 void MainThreadDoor::close()
 {
-    const std::lock_guard lock(mutex);
-    isOpen = false;
+    {
+        const std::lock_guard lock(mutex);
+        isOpen = false;
+    }
+    // A job that waits may own what owns this door. Left to the end of the application, it would destroy the door from
+    // within the clearing of the queue, which would then wait for itself.
+    QCoreApplication::removePostedEvents(this);
 }
 
 bool MainThreadDoor::waitUntil(const std::function<bool()>& isDone)

@@ -19,7 +19,7 @@ public:
     void post(std::function<void()> job);
     /// Makes those that wait look again. From any thread.
     void stir();
-    /// No job runs after this. On the main thread.
+    /// No job runs after this; those that wait are let go. On the main thread.
     void close();
 
     /// Waits on the main thread until `isDone`, which is asked when stirred and every few milliseconds. The window goes

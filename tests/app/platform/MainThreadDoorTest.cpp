@@ -8,6 +8,7 @@
 #include <atomic>
 #include <chrono>
 #include <gtest/gtest.h>
+#include <memory>
 #include <thread>
 #include <vector>
 
@@ -43,6 +44,16 @@ TEST(MainThreadDoor, NothingComesThroughAClosedDoor)
     door.post([&] { ++jobs; });
     QCoreApplication::processEvents();
     EXPECT_EQ(jobs, 0);
+}
+
+TEST(MainThreadDoor, ClosingLetsGoOfJobsThatOwnTheDoor)
+{
+    auto door = std::make_shared<MainThreadDoor>();
+    const std::weak_ptr<MainThreadDoor> observer = door;
+    door->post([door] { FAIL(); });
+    door->close();
+    door.reset();
+    EXPECT_TRUE(observer.expired());
 }
 
 TEST(MainThreadDoor, TimersRunWhileItWaits)
