@@ -2,12 +2,14 @@
 #include "EditorRuntime.h"
 #include "MainWindow.h"
 #include "platform/ALSAMIDISystem.h"
+#include "platform/ImageTransferItems.h"
 #include "platform/NativeDialogs.h"
 
 #include <QApplication>
 
 int main(int argc, char* argv[])
 {
+    orvim::limitPictureMemory();
     QApplication application(argc, argv);
     orvim::applyApplicationStyle(application);
     orvim::EditorRuntime runtime(std::make_unique<orvim::ALSAMIDISystem>());

@@ -24,7 +24,6 @@ constexpr qsizetype bytesPerLine = side * static_cast<qsizetype>(tonavelle::Imag
 /// A file that declares more pixels is made to use up memory or time. A JPEG may have more, as it is decoded smaller.
 constexpr qint64 mostDecodedPixels = 64 * 1024 * 1024;
 constexpr qint64 mostPixels = 128 * 1024 * 1024;
-/// What the decoders may take for the pixels of one picture.
 constexpr int mostMegabytes = 256;
 
 /// From how many pixels for each one drawn a JPEG is decoded that many times smaller. A drawn pixel whose edge cuts
@@ -125,11 +124,17 @@ std::vector<std::uint8_t> turned(const std::vector<std::uint8_t>& rgb888, QImage
 
 } // namespace
 
+void limitPictureMemory()
+{
+    QImageReader::setAllocationLimit(mostMegabytes);
+    // A progressive JPEG, which is decoded smaller only in the end, is held by its decoder as a whole.
+    qputenv("JPEGMEM", QByteArray::number(mostMegabytes) + 'M');
+}
+
 std::vector<std::uint8_t> loadPicture(const QString& path)
 {
     // Neither a folder nor a pipe is opened: reading one would fail late or never end.
     if (!QFileInfo(path).isFile()) throw Phase3FileError(Phase3FileError::cannotOpenImage);
-    QImageReader::setAllocationLimit(mostMegabytes);
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     if (std::ranges::find(supportedFormats(), reader.format()) == supportedFormats().end())

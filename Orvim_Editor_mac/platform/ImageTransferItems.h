@@ -19,6 +19,9 @@ struct ImageTransferItem {
     QImage previewImage;
 };
 
+/// Holds the decoders to 256 megabytes a picture; one that needs more is refused. To be called once, before any thread.
+void limitPictureMemory();
+
 /// A picture file shrunk to fit 64 by 64 pixels on black: bmp, jpeg or png, upright as its camera was held, its colours
 /// in sRGB. Throws Phase3FileError::cannotOpenImage, also for a picture that is too large to be decoded.
 std::vector<std::uint8_t> loadPicture(const QString& path);

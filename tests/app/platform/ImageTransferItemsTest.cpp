@@ -5,8 +5,10 @@
 #include "tests/app/support/WaveFile.h"
 #include "tests/support/Thrown.h"
 
+#include <QBuffer>
 #include <QColorSpace>
 #include <QDir>
+#include <QImageWriter>
 #include <QLoggingCategory>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -51,10 +53,14 @@ QByteArray declaredPNG(quint32 width, quint32 height)
 }
 
 /// A JPEG of which only the size is true.
-QByteArray declaredJPEG(quint16 width, quint16 height)
+QByteArray declaredJPEG(quint16 width, quint16 height, bool isProgressive = false)
 {
-    QByteArray bytes = encoded(QImage(64, 64, QImage::Format_RGB32), "JPG");
-    const auto frame = bytes.indexOf(QByteArray::fromHex("FFC00011080040"));
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QImageWriter writer(&buffer, "JPG");
+    writer.setProgressiveScanWrite(isProgressive);
+    EXPECT_TRUE(writer.write(QImage(64, 64, QImage::Format_RGB32)));
+    const auto frame = bytes.indexOf(QByteArray::fromHex(isProgressive ? "FFC20011080040" : "FFC00011080040"));
     if (frame < 0) throw std::logic_error("no frame");
     qToBigEndian(height, bytes.data() + frame + 5);
     qToBigEndian(width, bytes.data() + frame + 7);
@@ -76,6 +82,8 @@ QImage quarters(int width, int height)
 class PictureFiles : public testing::Test
 {
 protected:
+    static void SetUpTestSuite() { limitPictureMemory(); }
+
     QString written(const QByteArray& bytes, const QString& name = QStringLiteral("絵 1.png"))
     {
         writeFile(folder.filePath(name), bytes);
@@ -265,6 +273,12 @@ TEST_F(PictureFiles, APhotoAboveTheDecodersLimitIsReadAtAReducedSize)
 {
     EXPECT_EQ(loadPicture(written(declaredJPEG(12'000, 8'000))).size(), 12'288u)
         << "96 megapixels, which would take 384 megabytes";
+}
+
+TEST_F(PictureFiles, AProgressiveJPEGThatNeedsTooMuchMemoryIsRefused)
+{
+    EXPECT_EQ(errorOf(declaredJPEG(12'000, 8'000, true)), Phase3FileError::cannotOpenImage);
+    EXPECT_EQ(loadPicture(written(declaredJPEG(4'000, 3'000, true))).size(), 12'288u);
 }
 
 TEST_F(PictureFiles, EveryBeginningOfAFileIsReadOrRefused)
