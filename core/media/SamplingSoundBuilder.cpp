@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <stdexcept>
 
 namespace tonavelle::SamplingSoundBuilder {
 
@@ -176,8 +175,7 @@ std::int64_t outputSampleCount(std::int64_t frameCount, int targetRate, double s
     if (!(sourceRate > 0) || targetRate < 1 || frameCount < 1) return 0;
     const double count = std::round(targetRate * static_cast<double>(frameCount) / sourceRate);
     constexpr double mostSamples = 1e15;
-    if (!(count < mostSamples)) throw std::length_error("the sound is too long");
-    return static_cast<std::int64_t>(count);
+    return static_cast<std::int64_t>(std::min(count, mostSamples));
 }
 
 std::int64_t sourceFrame(std::int64_t index, std::int64_t frameCount, int targetRate, double sourceRate)
@@ -198,9 +196,12 @@ std::int16_t pcm16Sample(float sample)
 std::vector<std::uint8_t> pcm16LittleEndian(std::span<const std::vector<float>> channels, int targetRate,
                                             double sourceRate)
 {
+    // A few frames at a very low rate may ask for any amount of memory.
+    constexpr std::int64_t mostSamples = std::int64_t{12} * 60 * 60 * sampleRate;
     if (channels.empty()) return {};
     const std::int64_t frameCount = std::ssize(channels.front());
     const std::int64_t sampleCount = outputSampleCount(frameCount, targetRate, sourceRate);
+    if (sampleCount >= mostSamples) return {};
     std::vector<std::span<const float>> kept;
     for (const auto& channel : channels) {
         if (channel.size() == channels.front().size()) kept.push_back(channel);

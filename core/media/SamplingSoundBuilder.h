@@ -66,7 +66,7 @@ inline constexpr std::uint8_t padCode = 0x40; ///< silence
 inline constexpr double volumeFactor = 0.56234;
 
 /// The number of samples that `frameCount` frames give, rounded to the nearest; 0 when there is nothing to convert.
-/// Throws std::length_error when they are too many for any memory.
+/// Never more than 10^15.
 std::int64_t outputSampleCount(std::int64_t frameCount, int targetRate, double sourceRate);
 
 /// The frame that output sample `index` is taken from, for a `frameCount` of 1 or more.
@@ -76,7 +76,7 @@ std::int64_t sourceFrame(std::int64_t index, std::int64_t frameCount, int target
 std::int16_t pcm16Sample(float sample);
 
 /// The channels' mean at the nearest earlier frame of each output sample, in the format of SamplingSoundItem. Channels
-/// of another length than the first are left out; empty when there is nothing to convert.
+/// of another length than the first are left out; empty when there is nothing to convert, or twelve hours and more.
 std::vector<std::uint8_t> pcm16LittleEndian(std::span<const std::vector<float>> channels, int targetRate,
                                             double sourceRate);
 

@@ -288,9 +288,12 @@ TEST(PCM16LittleEndian, WithNothingToConvertIsEmpty)
     EXPECT_TRUE(pcm16LittleEndian(Channels{{}, {0.5f}}, 24'000, 24'000).empty());
 }
 
-TEST(PCM16LittleEndian, ALengthBeyondAnyMemoryIsRefusedBeforeItIsAllocated)
+TEST(PCM16LittleEndian, MoreThanTwelveHoursAreEmptyAndNothingIsRaised)
 {
-    EXPECT_THROW(pcm16LittleEndian(Channels{{0.5f}}, 24'000, 1e-300), std::length_error);
+    const Channels one{{0.5f}};
+    for (const double rate : {1e-300, 1e-6, 24'000.0 / 1'036'800'000})
+        EXPECT_NO_THROW(EXPECT_TRUE(pcm16LittleEndian(one, 24'000, rate).empty()) << rate);
+    EXPECT_EQ(outputSampleCount(1, 24'000, 1e-300), 1'000'000'000'000'000);
 }
 
 TEST(RestorePCM16LittleEndian, ACountBelowOneIsEmpty)
