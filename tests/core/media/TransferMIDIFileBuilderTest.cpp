@@ -2,6 +2,7 @@
 
 #include "core/media/ImageTransferBuilder.h"
 #include "core/protocol/SimpleMIDIFileBuilder.h"
+#include "core/tone/ToneDataFile.h"
 #include "tests/support/Bytes.h"
 #include "tests/support/MIDIFiles.h"
 
@@ -55,6 +56,21 @@ std::vector<Batch> imagesOf(std::size_t count)
 std::vector<ParsedMIDIEvent> writtenAndParsed(const std::vector<Event>& events)
 {
     return parseMIDIEvents(SimpleMIDIFileBuilder::wpfStyleSequence(events, ticksPerQuarterNote));
+}
+
+/// The same messages with the last one first.
+std::vector<Event> reversedInTime(const std::vector<Event>& events)
+{
+    std::vector<Event> reversed(events.rbegin(), events.rend());
+    for (std::size_t i = 0; i < reversed.size(); ++i)
+        reversed[i].absoluteTime = static_cast<std::int64_t>(i);
+    return reversed;
+}
+
+std::vector<ParsedMIDIEvent> writtenToSecondTrack(const std::vector<Event>& events)
+{
+    const std::vector<SimpleMIDITrack> tracks{{}, {events}};
+    return parseMIDIEvents(SimpleMIDIFileBuilder::file(1, ticksPerQuarterNote, tracks));
 }
 
 /// Events of these messages, whatever they begin with.
@@ -179,15 +195,16 @@ TEST(RestoreImages, PicturesComeBackAsPackingAllows)
         EXPECT_EQ(pictures[i], packedAndWidened(randomPicture(i)));
 }
 
-TEST(RestoreImages, RowsInAnotherOrderOrTrackRestoreTheSame)
+TEST(RestoreImages, RowsInAnotherOrderRestoreTheSame)
 {
-    const auto events = imageTransferEvents(imagesOf(1), false, false, false);
-    std::vector<Event> reversed(events.rbegin(), events.rend());
-    for (std::size_t i = 0; i < reversed.size(); ++i)
-        reversed[i].absoluteTime = static_cast<std::int64_t>(i);
-    const std::vector<SimpleMIDITrack> tracks{{}, {reversed}};
-    EXPECT_EQ(restoreImages(parseMIDIEvents(SimpleMIDIFileBuilder::file(1, 480, tracks))),
-              restoreImages(writtenAndParsed(events)));
+    const auto events = imageTransferEvents(imagesOf(2), false, false, false);
+    EXPECT_EQ(restoreImages(writtenAndParsed(reversedInTime(events))), restoreImages(writtenAndParsed(events)));
+}
+
+TEST(RestoreImages, RowsInTheSecondTrackRestoreTheSame)
+{
+    const auto events = imageTransferEvents(imagesOf(2), false, false, false);
+    EXPECT_EQ(restoreImages(writtenToSecondTrack(events)), restoreImages(writtenAndParsed(events)));
 }
 
 TEST(RestoreImages, Screens0And5RestoreSixRowsOfWhichFourAreBlack)
@@ -244,6 +261,14 @@ TEST(Restore, OtherCommandsAndOtherMakersGiveEmptyLists)
     EXPECT_TRUE(restoreSounds(events).empty());
 }
 
+TEST(Restore, AFileOfToneDataGivesEmptyLists)
+{
+    const auto events = parseMIDIEvents(toneDataFile(factoryToneInstrument(), {false, false, false}));
+    EXPECT_GT(events.size(), 1'000u) << "all user sounds and waveforms";
+    EXPECT_TRUE(restoreImages(events).empty());
+    EXPECT_TRUE(restoreSounds(events).empty());
+}
+
 TEST(RestoreSounds, SoundsComeBackAsTheCodecAllows)
 {
     std::vector<SamplingSoundItem> items(3);
@@ -262,6 +287,18 @@ TEST(RestoreSounds, SoundsComeBackAsTheCodecAllows)
         EXPECT_EQ(SamplingSoundBuilder::serializeULawSamples(std::span(restored).subspan(i, 1), false),
                   SamplingSoundBuilder::serializeULawSamples(std::span(items).subspan(i, 1), false));
     }
+}
+
+TEST(RestoreSounds, MessagesInAnotherOrderOrInTheSecondTrackRestoreTheSame)
+{
+    const std::vector<SamplingSoundItem> items{{Message(600, 0x12)}, {Message(200, 0x34)}};
+    const auto events = samplingSoundEvents(SamplingSoundBuilder::buildSendDataSections(items, false),
+                                            SamplingSoundBuilder::buildSettings(items), 2, false, false);
+    const auto inOrder = restoreSounds(writtenAndParsed(events));
+    EXPECT_EQ(SamplingSoundBuilder::serializeULawSamples(inOrder, false),
+              SamplingSoundBuilder::serializeULawSamples(items, false));
+    EXPECT_EQ(restoreSounds(writtenAndParsed(reversedInTime(events))), inOrder);
+    EXPECT_EQ(restoreSounds(writtenToSecondTrack(events)), inOrder);
 }
 
 TEST(RestoreSounds, SectionsWithoutSettingsRestoreNothing)
