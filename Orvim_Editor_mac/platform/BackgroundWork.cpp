@@ -8,15 +8,10 @@
 
 namespace orvim {
 
-namespace {
-
-constexpr int hasFinished = 1;
-
-} // namespace
-
 bool runInBackground(const std::function<void()>& work)
 {
     QEventLoop loop;
+    bool hasFinished = false;
     std::exception_ptr failure;
     std::thread worker([&] {
         try {
@@ -25,12 +20,18 @@ bool runInBackground(const std::function<void()>& work)
             failure = std::current_exception();
         }
         QMetaObject::invokeMethod(
-            &loop, [&loop] { loop.exit(hasFinished); }, Qt::QueuedConnection);
+            &loop,
+            [&] {
+                hasFinished = loop.isRunning(); // Not where the application was told to quit before.
+                loop.quit();
+            },
+            Qt::QueuedConnection);
     });
-    const bool goesOn = loop.exec(QEventLoop::ExcludeUserInputEvents) == hasFinished;
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
     worker.join();
+    if (!hasFinished) return false;
     if (failure) std::rethrow_exception(failure);
-    return goesOn;
+    return true;
 }
 
 } // namespace orvim

@@ -4,6 +4,7 @@
 #include <QThread>
 #include <QTimer>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <thread>
@@ -31,15 +32,37 @@ TEST(RunInBackground, AnErrorOfTheWorkComesOut)
     EXPECT_THROW(runInBackground([] { throw std::runtime_error("broken"); }), std::runtime_error);
 }
 
+/// What `runInBackground` says of the work when the application quits with `code` in the middle of it.
+bool goesOnAfterQuit(int code, const std::function<void()>& work)
+{
+    bool goesOn = true;
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [code] { QCoreApplication::exit(code); });
+        goesOn = runInBackground([&] {
+            QThread::msleep(100);
+            work();
+        });
+    });
+    QCoreApplication::exec();
+    return goesOn;
+}
+
 TEST(RunInBackground, TellsThatTheApplicationQuitsOnceTheWorkIsDone)
 {
     bool isDone = false;
-    QTimer::singleShot(0, [] { QCoreApplication::exit(); });
-    EXPECT_FALSE(runInBackground([&] {
-        QThread::msleep(100);
-        isDone = true;
-    }));
+    EXPECT_FALSE(goesOnAfterQuit(0, [&] { isDone = true; }));
     EXPECT_TRUE(isDone);
+}
+
+TEST(RunInBackground, TheExitCodeDoesNotMatter)
+{
+    for (const int code : {1, 2, -1})
+        EXPECT_FALSE(goesOnAfterQuit(code, [] {})) << code;
+}
+
+TEST(RunInBackground, WhileQuittingAnErrorOfTheWorkDoesNotMatter)
+{
+    EXPECT_FALSE(goesOnAfterQuit(0, [] { throw std::runtime_error("broken"); }));
 }
 
 } // namespace
