@@ -2,10 +2,28 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QVariant>
 
 #include <utility>
 
 namespace orvim {
+
+namespace {
+
+constexpr const char* dropsProperty = "takesDropsAtAllTimes";
+
+/// A window only hands on to its widgets.
+bool isDropRefused(const QObject& receiver)
+{
+    return !receiver.isWindowType() && !receiver.property(dropsProperty).toBool();
+}
+
+} // namespace
+
+void InputHold::takeDropsAtAllTimes(QObject& receiver)
+{
+    receiver.setProperty(dropsProperty, true);
+}
 
 void InputHold::begin()
 {
@@ -30,7 +48,7 @@ bool InputHold::eventFilter(QObject* receiver, QEvent* event)
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::Drop:
-        if (holds == 0) return false;
+        if (holds == 0 || !isDropRefused(*receiver)) return false;
         event->ignore();
         return true;
     default:

@@ -17,6 +17,15 @@ namespace {
 class InputHoldTest : public testing::Test
 {
 protected:
+    class TakesEverything : public QObject
+    {
+        bool event(QEvent* event) override
+        {
+            event->accept();
+            return true;
+        }
+    };
+
     void commit(const QString& text)
     {
         QInputMethodEvent event;
@@ -33,23 +42,13 @@ protected:
         EXPECT_EQ(field->text(), text);
     }
 
-    static bool isDropAccepted(QEvent::Type type)
+    static bool isDropAccepted(QEvent::Type type, TakesEverything& target)
     {
-        TakesEverything target;
         const QMimeData files;
         QDragMoveEvent event(QPoint(1, 1), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier, type);
         QCoreApplication::sendEvent(&target, &event);
         return event.isAccepted();
     }
-
-    class TakesEverything : public QObject
-    {
-        bool event(QEvent* event) override
-        {
-            event->accept();
-            return true;
-        }
-    };
 
     std::unique_ptr<QLineEdit> field = std::make_unique<QLineEdit>();
     InputHold hold;
@@ -129,12 +128,23 @@ TEST_F(InputHoldTest, TheFieldMayBeGoneByThen)
 
 TEST_F(InputHoldTest, DropsAreRefusedUntilTheEnd)
 {
-    EXPECT_TRUE(isDropAccepted(QEvent::Drop));
+    TakesEverything target;
+    EXPECT_TRUE(isDropAccepted(QEvent::Drop, target));
     hold.begin();
     for (const auto type : {QEvent::DragEnter, QEvent::DragMove, QEvent::Drop})
-        EXPECT_FALSE(isDropAccepted(type));
+        EXPECT_FALSE(isDropAccepted(type, target));
     hold.end();
-    EXPECT_TRUE(isDropAccepted(QEvent::Drop));
+    EXPECT_TRUE(isDropAccepted(QEvent::Drop, target));
+}
+
+TEST_F(InputHoldTest, WhatTakesDropsAtAllTimesGetsThemAtOnce)
+{
+    TakesEverything target;
+    InputHold::takeDropsAtAllTimes(target);
+    hold.begin();
+    for (const auto type : {QEvent::DragEnter, QEvent::DragMove, QEvent::Drop})
+        EXPECT_TRUE(isDropAccepted(type, target));
+    hold.end();
 }
 
 } // namespace
