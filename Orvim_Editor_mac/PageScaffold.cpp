@@ -1,10 +1,13 @@
 #include "PageScaffold.h"
 
+#include "controls/ElidedLabel.h"
 #include "controls/IconLabel.h"
 #include "controls/SymbolIcon.h"
 
+#include <QEvent>
+#include <QFrame>
+#include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QMenu>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -20,9 +23,9 @@ constexpr QSize toolbarSymbolFrame(44, 32);
 constexpr QSize toolbarTitleFrame(58, 20);
 constexpr int toolbarTitlePixelSize = 11;
 constexpr int toolbarTitlePadding = 8;
+constexpr int headerSpacing = 10;
 constexpr int headerTitlePixelSize = 16;
 constexpr int headerSymbolSize = 20;
-constexpr int headerSpacing = 10;
 
 QFrame* makeRule(QWidget* parent)
 {
@@ -65,45 +68,66 @@ QSize EditorToolbarButton::minimumSizeHint() const
 
 EditorPageHeader::EditorPageHeader(EditorPage page, QWidget* parent) : QWidget(parent)
 {
-    m_line = new QHBoxLayout(this);
-    m_line->setContentsMargins(14, 8, 14, 8);
-    m_line->setSpacing(headerSpacing);
-    auto* const layout = new QHBoxLayout;
-    layout->setSpacing(headerSpacing);
-    m_line->addLayout(layout);
-    m_line->setAlignment(layout, Qt::AlignLeft);
-
     auto* const symbolLabel = new IconLabel(headerSymbolSize, this);
     symbolLabel->setIcon(symbolIcon(symbol(page)));
-    layout->addWidget(symbolLabel);
 
-    auto* const titleLabel = new QLabel(title(page), this);
+    auto* const titleLabel = new ElidedLabel(this);
+    titleLabel->setObjectName(QStringLiteral("pageTitle"));
+    titleLabel->setText(title(page));
+    titleLabel->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     QFont font = titleLabel->font();
     font.setPixelSize(headerTitlePixelSize);
     font.setBold(true);
     titleLabel->setFont(font);
-    layout->addWidget(titleLabel);
-    layout->addSpacing(12);
 
     m_menus = new QHBoxLayout;
     m_menus->setSpacing(4);
-    layout->addLayout(m_menus);
-    m_toolbar = new QHBoxLayout;
+    m_firstLine = new QHBoxLayout;
+    m_firstLine->setSpacing(headerSpacing);
+    m_firstLine->addWidget(symbolLabel);
+    m_firstLine->addWidget(titleLabel);
+    m_firstLine->addSpacing(12);
+    m_firstLine->addLayout(m_menus);
+
+    m_toolbarBox = new QWidget(this);
+    m_toolbar = new QHBoxLayout(m_toolbarBox);
+    m_toolbar->setContentsMargins(0, 0, 0, 0);
     m_toolbar->setSpacing(4);
-    m_line->addLayout(m_toolbar);
-    m_line->setAlignment(m_toolbar, Qt::AlignLeft);
-    m_line->addItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
+
+    m_lines = new QGridLayout(this);
+    m_lines->setContentsMargins(14, 8, 14, 8);
+    m_lines->setHorizontalSpacing(headerSpacing);
+    m_lines->setColumnStretch(2, 1);
+    m_lines->addLayout(m_firstLine, 0, 0);
+    m_lines->addWidget(m_toolbarBox, 0, 1);
 }
 
-/// Where both do not fit beside each other the toolbar stands below the menus.
-void EditorPageHeader::resizeEvent(QResizeEvent* event)
+bool EditorPageHeader::event(QEvent* event)
 {
-    QWidget::resizeEvent(event);
-    const QMargins margins = m_line->contentsMargins();
-    int width = margins.left() + margins.right();
-    for (int i = 0; i < m_line->count(); ++i)
-        width += m_line->itemAt(i)->sizeHint().width() + (i > 0 ? m_line->spacing() : 0);
-    m_line->setDirection(width <= event->size().width() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) arrange();
+    return QWidget::event(event);
+}
+
+void EditorPageHeader::arrange()
+{
+    const QMargins margins = m_lines->contentsMargins();
+    const int widthInOneLine = margins.left() + m_firstLine->sizeHint().width() + headerSpacing +
+                               m_toolbarBox->sizeHint().width() + margins.right();
+    const bool isBelow = m_toolbar->count() > 0 && width() < widthInOneLine;
+    if (m_isToolbarBelow == isBelow) return;
+    m_isToolbarBelow = isBelow;
+    m_lines->removeWidget(m_toolbarBox);
+    if (isBelow)
+        m_lines->addWidget(m_toolbarBox, 1, 0, 1, 3, Qt::AlignLeft);
+    else
+        m_lines->addWidget(m_toolbarBox, 0, 1);
+}
+
+QSize EditorPageHeader::minimumSizeHint() const
+{
+    const QMargins margins = m_lines->contentsMargins();
+    const int widest = std::max(m_firstLine->minimumSize().width(), m_toolbarBox->minimumSizeHint().width());
+    return {margins.left() + widest + margins.right(), QWidget::minimumSizeHint().height()};
 }
 
 QMenu* EditorPageHeader::addMenu(const QString& title)

@@ -4,6 +4,7 @@
 
 #include <QToolButton>
 
+class QGridLayout;
 class QHBoxLayout;
 class QMenu;
 
@@ -21,7 +22,8 @@ public:
     QSize minimumSizeHint() const override;
 };
 
-/// The band above a page: its symbol and title, its drop-down menus, then its toolbar.
+/// The band above a page: its symbol and title, its drop-down menus, then its toolbar. Where these do not fit side by
+/// side the toolbar stands below, and then the title gives way.
 class EditorPageHeader : public QWidget
 {
     Q_OBJECT
@@ -34,11 +36,18 @@ public:
     /// A new toolbar button behind the ones before it.
     EditorToolbarButton* addToolbarButton(const QString& title, const QString& systemImage);
 
+    QSize minimumSizeHint() const override;
+
 protected:
-    void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
-    QHBoxLayout* m_line = nullptr;
+    void arrange();
+
+    QGridLayout* m_lines = nullptr;
+    QHBoxLayout* m_firstLine = nullptr;
+    QWidget* m_toolbarBox = nullptr;
+    bool m_isToolbarBelow = false;
     QHBoxLayout* m_menus = nullptr;
     QHBoxLayout* m_toolbar = nullptr;
 };

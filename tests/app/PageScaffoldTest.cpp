@@ -1,5 +1,7 @@
 #include "PageScaffold.h"
 
+#include "controls/ElidedLabel.h"
+
 #include <QLabel>
 #include <QMenu>
 #include <QSignalSpy>
@@ -42,10 +44,7 @@ TEST(PageScaffold, MenusStandAtTheLeftOfTheToolbarUnderThePagesTitle)
     EXPECT_LT(menuButton->mapTo(&page, QPoint()).x(), toolbarButton->mapTo(&page, QPoint()).x());
     EXPECT_GE(content->y(), page.header().height());
     EXPECT_EQ(content->width(), 800);
-    QStringList texts;
-    for (const QLabel* const label : page.header().findChildren<QLabel*>())
-        texts << label->text();
-    EXPECT_TRUE(texts.contains(QStringLiteral("歌詞編集")));
+    EXPECT_EQ(page.header().findChild<ElidedLabel*>()->text(), QStringLiteral("歌詞編集"));
 }
 
 TEST(PageScaffold, WhereTheWidthIsShortTheToolbarStandsBelowTheMenusAtItsFullSize)
@@ -64,6 +63,84 @@ TEST(PageScaffold, WhereTheWidthIsShortTheToolbarStandsBelowTheMenusAtItsFullSiz
         EXPECT_EQ(toolbarTop >= menuBottom, width == 400);
         EXPECT_EQ(toolbarButton->size(), QSize(58, 52));
     }
+}
+
+class NarrowHeaderTest : public testing::Test
+{
+protected:
+    NarrowHeaderTest()
+    {
+        for (const char* const name : {"ファイル", "設定", "送信"})
+            menus.push_back(qobject_cast<QWidget*>(header.addMenu(QString::fromUtf8(name))->parent()));
+        for (const char* const name : {"新規", "開く", "保存", "全送信"})
+            buttons.push_back(header.addToolbarButton(QString::fromUtf8(name), QStringLiteral("folder")));
+        page.setContent(new QWidget);
+        page.show();
+    }
+
+    void resize(int width)
+    {
+        page.resize(width, 400);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        QCoreApplication::processEvents();
+    }
+
+    /// Each menu and button is whole, inside of the page and under none of the others.
+    void expectAllWhole() const
+    {
+        std::vector<const QWidget*> all(menus.begin(), menus.end());
+        all.insert(all.end(), buttons.begin(), buttons.end());
+        std::vector<QRect> places;
+        for (const QWidget* const widget : all)
+            places.push_back(QRect(widget->mapTo(&page, QPoint()), widget->size()));
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            EXPECT_GE(places[i].width(), all[i]->sizeHint().width()) << i;
+            EXPECT_TRUE(header.geometry().contains(places[i])) << i;
+            for (std::size_t j = 0; j < i; ++j)
+                EXPECT_FALSE(places[i].intersects(places[j])) << i << ", " << j;
+        }
+    }
+
+    bool isToolbarBelow() const
+    {
+        return buttons[0]->mapTo(&page, QPoint()).y() >= menus[0]->mapTo(&page, QPoint(0, menus[0]->height())).y();
+    }
+
+    PageScaffold page{EditorPage::displaySimulatorSettings};
+    EditorPageHeader& header = page.header();
+    ElidedLabel& title = *header.findChild<ElidedLabel*>();
+    std::vector<QWidget*> menus;
+    std::vector<EditorToolbarButton*> buttons;
+};
+
+TEST_F(NarrowHeaderTest, InAWidePageAllStandsInOneLine)
+{
+    resize(900);
+    expectAllWhole();
+    EXPECT_FALSE(isToolbarBelow());
+    EXPECT_EQ(title.toolTip(), QString());
+}
+
+TEST_F(NarrowHeaderTest, TheToolbarGoesBelowWhereItDoesNotFitAndComesBack)
+{
+    resize(900);
+    const int height = header.height();
+    resize(480);
+    expectAllWhole();
+    EXPECT_TRUE(isToolbarBelow());
+    EXPECT_GT(header.height(), height);
+    resize(900);
+    EXPECT_FALSE(isToolbarBelow());
+    EXPECT_EQ(header.height(), height);
+}
+
+TEST_F(NarrowHeaderTest, ThenTheTitleGivesWayAndItsToolTipHoldsIt)
+{
+    resize(page.minimumSizeHint().width() + 40);
+    expectAllWhole();
+    EXPECT_LT(title.width(), title.sizeHint().width());
+    EXPECT_EQ(title.toolTip(), title.text());
+    EXPECT_LT(page.width(), 400);
 }
 
 } // namespace
