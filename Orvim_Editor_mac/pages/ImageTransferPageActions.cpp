@@ -105,7 +105,7 @@ bool ImageTransferPageActions::addFile(const QString& path)
     ImageTransferItem item{QUuid::createUuid(), itemCount(), path, {}, {}};
     const bool goesOn = runInBackground([&] {
         item.rgb888 = loadPicture(path);
-        item.previewImage = makePreviewImage(item.rgb888);
+        item.previewImage = previewOrEmpty(item.rgb888);
     });
     m_state.items.push_back(std::move(item));
     return goesOn;
@@ -125,7 +125,7 @@ std::function<void()> ImageTransferPageActions::readReplacement(const QString& p
 {
     auto items = readImageItemsFromMIDIFile(path);
     if (items.empty()) return {};
-    return [this, items = std::move(items)] { m_state.items = items; };
+    return [this, items = std::move(items)]() mutable { m_state.items = std::move(items); };
 }
 
 void ImageTransferPageActions::sendToModule(const QUuid& id)

@@ -155,13 +155,22 @@ QImage makePreviewImage(std::span<const std::uint8_t> rgb888)
     return QImage(rgb888.data(), side, side, bytesPerLine, QImage::Format_RGB888).convertedTo(QImage::Format_RGB32);
 }
 
+QImage previewOrEmpty(std::span<const std::uint8_t> rgb888)
+{
+    QImage preview = makePreviewImage(rgb888);
+    if (!preview.isNull()) return preview;
+    preview = QImage(side, side, QImage::Format_ARGB32_Premultiplied);
+    preview.fill(Qt::transparent);
+    return preview;
+}
+
 std::vector<ImageTransferItem> readImageItemsFromMIDIFile(const QString& path)
 {
     std::vector<ImageTransferItem> items;
     for (auto& rgb888 : tonavelle::TransferMIDIFileBuilder::restoreImages(parseMIDIEvents(path))) {
         const int screenNumber = static_cast<int>(items.size());
         const QString source = QStringLiteral("MIDI Import: screen %1").arg(screenNumber, 2, 10, QLatin1Char('0'));
-        QImage preview = makePreviewImage(rgb888);
+        QImage preview = previewOrEmpty(rgb888);
         items.push_back({QUuid::createUuid(), screenNumber, source, std::move(rgb888), std::move(preview)});
     }
     return items;

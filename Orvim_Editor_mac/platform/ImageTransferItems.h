@@ -33,6 +33,9 @@ std::vector<std::uint8_t> renderImageToRGB888(const QImage& image);
 /// The picture as an image of 64 by 64 pixels; empty for any other count of bytes.
 QImage makePreviewImage(std::span<const std::uint8_t> rgb888);
 
+/// The same, or a clear image of 64 by 64 pixels where there is none, so that each row of the list has one.
+QImage previewOrEmpty(std::span<const std::uint8_t> rgb888);
+
 /// The pictures of an exported file, from screen 0 to the highest that it holds. Throws as parseMIDIEvents does.
 std::vector<ImageTransferItem> readImageItemsFromMIDIFile(const QString& path);
 
