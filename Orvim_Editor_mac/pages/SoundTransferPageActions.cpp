@@ -7,6 +7,8 @@
 #include "platform/BackgroundWork.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace orvim {
 
@@ -44,6 +46,14 @@ const TransferListWords soundWords{
     .imported = "MIDIファイルから音声をインポートしました。",
 };
 
+/// A value in the middle of two is rounded to the even one, which QString does otherwise.
+QString twoDecimals(double value)
+{
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.begin(), text.end(), value, std::chars_format::fixed, 2).ptr;
+    return QString::fromLatin1(text.data(), end - text.data());
+}
+
 double seconds(const std::vector<std::uint8_t>& pcm16LittleEndian)
 {
     return static_cast<double>(pcm16LittleEndian.size() / 2) / SamplingSoundBuilder::sampleRate;
@@ -72,7 +82,7 @@ int SoundTransferPageActions::itemCount() const
 TransferRow SoundTransferPageActions::row(int index) const
 {
     const auto& item = m_state.items.at(static_cast<std::size_t>(index));
-    const QString length = QStringLiteral("%1 sec").arg(seconds(item.pcm16LittleEndian), 0, 'f', 2);
+    const QString length = twoDecimals(seconds(item.pcm16LittleEndian)) + QStringLiteral(" sec");
     return {item.id, item.soundNumber, {}, item.filePath, length};
 }
 
@@ -80,7 +90,7 @@ QString SoundTransferPageActions::headerText() const
 {
     return QStringLiteral("登録音声数：%1/32  合計時間：%2/50.00sec")
         .arg(itemCount(), 2, 10, QLatin1Char('0'))
-        .arg(totalSeconds(), 0, 'f', 2);
+        .arg(twoDecimals(totalSeconds()));
 }
 
 std::vector<TransferOption> SoundTransferPageActions::options()
@@ -138,7 +148,7 @@ std::function<void()> SoundTransferPageActions::readReplacement(const QString& p
 {
     auto items = readSoundItemsFromMIDIFile(path);
     if (items.empty()) return {};
-    return [this, items = std::move(items)] { m_state.items = items; };
+    return [this, items = std::move(items)]() mutable { m_state.items = std::move(items); };
 }
 
 void SoundTransferPageActions::sendToModule(const QUuid& id)
