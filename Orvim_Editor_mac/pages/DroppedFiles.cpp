@@ -1,7 +1,5 @@
 #include "pages/DroppedFiles.h"
 
-#include <QFileInfo>
-
 #include <algorithm>
 
 namespace orvim {
@@ -14,14 +12,21 @@ QString filePath(const QUrl& url)
     return url.isLocalFile() ? url.toLocalFile() : url.toString();
 }
 
+/// In lower case. A folder may come with a slash behind its name, and a name that only begins with a dot has none.
+QString extension(const QUrl& url)
+{
+    const QString name = url.adjusted(QUrl::StripTrailingSlash).fileName();
+    const auto dot = name.lastIndexOf(QLatin1Char('.'));
+    return dot > 0 ? name.mid(dot + 1).toLower() : QString();
+}
+
 } // namespace
 
 QStringList droppedFiles(const QList<QUrl>& urls, std::span<const char* const> extensions)
 {
     QStringList paths;
     for (const QUrl& url : urls) {
-        const QString extension = QFileInfo(url.path()).suffix().toLower();
-        const auto isKnown = [&](const char* known) { return extension == QLatin1String(known); };
+        const auto isKnown = [found = extension(url)](const char* known) { return found == QLatin1String(known); };
         if (std::ranges::any_of(extensions, isKnown)) paths << filePath(url);
     }
     return paths;
