@@ -3,6 +3,7 @@
 #include "MIDIOutManager.h"
 #include "pages/DroppedFiles.h"
 #include "pages/Report.h"
+#include "platform/BackgroundWork.h"
 #include "platform/WholeFile.h"
 
 #include <QScopeGuard>
@@ -28,24 +29,30 @@ void TransferListActions::showProgress(std::size_t done, std::size_t count)
     m_midiOutManager.setProgressFraction(std::clamp(fraction, 0.0, 1.0));
 }
 
-/// The list belongs to one action at a time; a drop that comes meanwhile follows it.
-void TransferListActions::whileBusy(const std::function<void()>& action)
+void TransferListActions::inTurn(std::function<void()> action)
 {
-    if (m_isBusy) return;
+    m_waitingActions.push_back(std::move(action));
+    // What waits already is followed by a call of runNext.
+    if (m_waitingActions.size() == 1) runNext();
+}
+
+void TransferListActions::runNext()
+{
+    if (m_isBusy || m_waitingActions.empty()) return;
     m_isBusy = true;
-    const auto end = qScopeGuard([this] { m_isBusy = false; });
-    action();
-    while (!m_waitingDrops.isEmpty()) {
-        const QStringList paths = m_waitingDrops.takeFirst();
+    const auto end = qScopeGuard([this] {
         m_isBusy = false;
-        registerFiles(paths);
-        m_isBusy = true;
-    }
+        if (!m_waitingActions.empty())
+            QMetaObject::invokeMethod(this, &TransferListActions::runNext, Qt::QueuedConnection);
+    });
+    const auto action = std::move(m_waitingActions.front());
+    m_waitingActions.pop_front();
+    action();
 }
 
 void TransferListActions::clear()
 {
-    whileBusy([this] {
+    inTurn([this] {
         if (itemCount() > 0 && !m_dialogs.askYesNo(QString::fromUtf8(m_words.clearQuestion)))
             return report(m_words.clearCancelled);
         clearItems();
@@ -56,29 +63,33 @@ void TransferListActions::clear()
 
 void TransferListActions::addByPanel()
 {
-    registerFiles(m_dialogs.openPaths(m_words.fileKind));
+    inTurn([this] { addFiles(m_dialogs.openPaths(m_words.fileKind)); });
 }
 
 void TransferListActions::addDropped(const QList<QUrl>& urls)
 {
-    const QStringList paths = droppedFiles(urls, m_words.extensions);
-    if (paths.isEmpty()) return report(m_words.noneFound);
-    registerFiles(paths);
+    inTurn([this, urls] {
+        const QStringList paths = droppedFiles(urls, m_words.extensions);
+        if (paths.isEmpty()) return report(m_words.noneFound);
+        addFiles(paths);
+    });
 }
 
 void TransferListActions::registerFiles(const QStringList& paths)
 {
+    inTurn([this, paths] { addFiles(paths); });
+}
+
+void TransferListActions::addFiles(const QStringList& paths)
+{
     if (paths.isEmpty()) return renumber();
-    if (m_isBusy) return m_waitingDrops.append(paths);
-    whileBusy([&] {
-        const auto end = qScopeGuard([this] { m_midiOutManager.setProgressFraction(std::nullopt); });
-        for (qsizetype i = 0; i < paths.size(); ++i) {
-            showProgress(static_cast<std::size_t>(i), static_cast<std::size_t>(paths.size()));
-            if (itemCount() < mostItems && !addOrReport(paths[i])) return;
-        }
-        renumber();
-        report(m_words.registered);
-    });
+    const auto end = qScopeGuard([this] { m_midiOutManager.setProgressFraction(std::nullopt); });
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        showProgress(static_cast<std::size_t>(i), static_cast<std::size_t>(paths.size()));
+        if (itemCount() < mostItems && !addOrReport(paths[i])) return m_waitingActions.clear();
+    }
+    renumber();
+    report(m_words.registered);
 }
 
 /// False: the application is to quit.
@@ -95,7 +106,7 @@ bool TransferListActions::addOrReport(const QString& path)
 
 void TransferListActions::deleteOne(const QUuid& id)
 {
-    whileBusy([&] {
+    inTurn([this, id] {
         removeItems({id});
         m_selectedItemIDs.remove(id);
         finishDeletion();
@@ -104,8 +115,8 @@ void TransferListActions::deleteOne(const QUuid& id)
 
 void TransferListActions::deleteSelected()
 {
-    if (m_selectedItemIDs.isEmpty()) return;
-    whileBusy([this] {
+    inTurn([this] {
+        if (m_selectedItemIDs.isEmpty()) return;
         removeItems(m_selectedItemIDs);
         m_selectedItemIDs.clear();
         finishDeletion();
@@ -121,7 +132,7 @@ void TransferListActions::finishDeletion()
 
 void TransferListActions::exportMIDI()
 {
-    whileBusy([this] {
+    inTurn([this] {
         const auto path = m_dialogs.savePath(QString::fromUtf8(m_words.exportName), FileKind::midi);
         if (!path) return report(m_words.exportCancelled);
         try {
@@ -135,27 +146,32 @@ void TransferListActions::exportMIDI()
 
 void TransferListActions::restoreFromMIDI()
 {
-    whileBusy([this] {
+    inTurn([this] {
         const auto path = m_dialogs.openPath(FileKind::midi);
         if (!path) return report(m_words.importCancelled);
-        std::function<void()> replace;
-        try {
-            replace = readReplacement(*path);
-        } catch (const std::exception&) {
-            return report("MIDIファイルを開けません。");
-        }
-        if (!replace) return report(m_words.nothingToImport);
-        if (itemCount() > 0 && !m_dialogs.askYesNo(QString::fromUtf8(m_words.importQuestion)))
-            return report(m_words.importCancelled);
-        replace();
-        Q_EMIT listChanged();
-        report(m_words.imported);
+        restore(*path);
     });
+}
+
+void TransferListActions::restore(const QString& path)
+{
+    std::function<void()> replace;
+    try {
+        if (!runInBackground([&] { replace = readReplacement(path); })) return m_waitingActions.clear();
+    } catch (const std::exception&) {
+        return report("MIDIファイルを開けません。");
+    }
+    if (!replace) return report(m_words.nothingToImport);
+    if (itemCount() > 0 && !m_dialogs.askYesNo(QString::fromUtf8(m_words.importQuestion)))
+        return report(m_words.importCancelled);
+    replace();
+    Q_EMIT listChanged();
+    report(m_words.imported);
 }
 
 void TransferListActions::runOnModule(const QUuid& id)
 {
-    whileBusy([&] {
+    inTurn([this, id] {
         const auto end = qScopeGuard([this] { m_midiOutManager.setProgressFraction(std::nullopt); });
         sendToModule(id);
     });

@@ -11,6 +11,7 @@
 #include <QUuid>
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <vector>
 
@@ -63,7 +64,8 @@ struct TransferOption {
 /// The list of a page that sends files to the module, and its actions, without a window. The picture and the sound page
 /// differ in their items, words and messages.
 ///
-/// While files are loaded or messages leave the window stays alive; files dropped meanwhile are taken in afterwards.
+/// While files are loaded or messages leave the window stays alive. An action that comes meanwhile follows: the list
+/// belongs to one action at a time.
 class TransferListActions : public QObject
 {
     Q_OBJECT
@@ -107,6 +109,7 @@ protected:
     /// The list as a MIDI file. Throws when it cannot be said to the module.
     virtual std::vector<std::uint8_t> exportedBytes() const = 0;
     /// What replaces the list by the items of the file; empty when there are none. Throws when it cannot be read.
+    /// Called on another thread; touches nothing of the page.
     virtual std::function<void()> readReplacement(const QString& path) = 0;
     virtual void sendToModule(const QUuid& id) = 0;
 
@@ -116,16 +119,19 @@ protected:
     void showProgress(std::size_t done, std::size_t count);
 
 private:
+    void inTurn(std::function<void()> action);
+    void runNext();
+    void addFiles(const QStringList& paths);
     bool addOrReport(const QString& path);
-    void whileBusy(const std::function<void()>& action);
     void finishDeletion();
+    void restore(const QString& path);
 
     const TransferListWords& m_words;
     MIDIOutManager& m_midiOutManager;
     Dialogs& m_dialogs;
     QSet<QUuid> m_selectedItemIDs;
     bool m_isBusy = false;
-    QList<QStringList> m_waitingDrops;
+    std::deque<std::function<void()>> m_waitingActions;
 };
 
 } // namespace orvim
