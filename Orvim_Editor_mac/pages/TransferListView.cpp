@@ -2,7 +2,9 @@
 
 #include "controls/ElidedLabel.h"
 #include "pages/TransferListActions.h"
+#include "platform/InputHold.h"
 
+#include <QApplication>
 #include <QDropEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -20,13 +22,18 @@ namespace {
 constexpr int rowMargin = 8;
 constexpr int rowSpacing = 12;
 constexpr int hintPixelSize = 16;
+constexpr int dropFrameWidth = 2;
 constexpr int itemIDRole = Qt::UserRole;
 
 /// A small picture in its own pixels, also where the screen has finer ones.
 class PicturePreview : public QWidget
 {
 public:
-    explicit PicturePreview(const QImage& picture) : m_picture(picture) { setFixedSize(picture.size()); }
+    explicit PicturePreview(const QImage& picture) : m_picture(picture)
+    {
+        setObjectName(QStringLiteral("preview"));
+        setFixedSize(picture.size());
+    }
 
 protected:
     void paintEvent(QPaintEvent*) override
@@ -39,6 +46,19 @@ protected:
 private:
     QImage m_picture;
 };
+
+/// False where the event brings no files.
+bool acceptFiles(QDropEvent& event)
+{
+    if (!event.mimeData()->hasUrls()) {
+        event.ignore();
+        return false;
+    }
+    // The files stay where they are, whatever the other program offers.
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+    return true;
+}
 
 QString numberText(int number)
 {
@@ -53,6 +73,8 @@ TransferListView::TransferListView(TransferListActions& actions, QWidget* parent
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setAcceptDrops(true);
+    // The actions let a drop wait while messages leave.
+    InputHold::takeDropsAtAllTimes(*viewport());
     setFrameShape(QFrame::NoFrame);
 
     m_dropHint = new QLabel(QString::fromUtf8(actions.words().dropHint), viewport());
@@ -105,6 +127,7 @@ void TransferListView::addRow(int index)
     layout->addWidget(new QLabel(numberText(shown.number)));
     if (!shown.preview.isNull()) layout->addWidget(new PicturePreview(shown.preview));
     auto* const path = new ElidedLabel;
+    path->setElideMode(Qt::ElideMiddle); // The file's name tells the rows apart.
     path->setText(shown.filePath);
     layout->addWidget(path, 1);
     if (!shown.detail.isEmpty()) layout->addWidget(new QLabel(shown.detail));
@@ -156,25 +179,44 @@ void TransferListView::changeEvent(QEvent* event)
 
 void TransferListView::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!event->mimeData()->hasUrls()) return event->ignore();
-    // The files stay where they are, whatever the other program offers.
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    showDropTarget(acceptFiles(*event));
 }
 
 void TransferListView::dragMoveEvent(QDragMoveEvent* event)
 {
-    dragEnterEvent(static_cast<QDragEnterEvent*>(event));
+    acceptFiles(*event);
+}
+
+void TransferListView::dragLeaveEvent(QDragLeaveEvent*)
+{
+    showDropTarget(false);
 }
 
 void TransferListView::dropEvent(QDropEvent* event)
 {
-    if (!event->mimeData()->hasUrls()) return event->ignore();
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    showDropTarget(false);
+    if (!acceptFiles(*event)) return;
     // The other program waits for the end of the drop, so the files are taken in behind it.
     QMetaObject::invokeMethod(
         this, [this, urls = event->mimeData()->urls()] { m_actions.addDropped(urls); }, Qt::QueuedConnection);
+}
+
+void TransferListView::showDropTarget(bool isOver)
+{
+    if (m_isDropTarget == isOver) return;
+    m_isDropTarget = isOver;
+    viewport()->update();
+}
+
+void TransferListView::paintEvent(QPaintEvent* event)
+{
+    QListWidget::paintEvent(event);
+    if (!m_isDropTarget) return;
+    QPainter painter(viewport());
+    painter.setPen(
+        QPen(palette().color(QPalette::Highlight), dropFrameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    constexpr int inset = dropFrameWidth / 2;
+    painter.drawRect(viewport()->rect().adjusted(inset, inset, -inset, -inset));
 }
 
 void TransferListView::keyPressEvent(QKeyEvent* event)
@@ -183,10 +225,18 @@ void TransferListView::keyPressEvent(QKeyEvent* event)
     QListWidget::keyPressEvent(event);
 }
 
+/// The row whose button has the focus, else the current one.
+const QListWidgetItem* TransferListView::focusedItem() const
+{
+    for (int i = 0; i < count(); ++i)
+        if (itemWidget(item(i))->isAncestorOf(QApplication::focusWidget())) return item(i);
+    return currentItem();
+}
+
 void TransferListView::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
-    const QListWidgetItem* const row = isByKey ? currentItem() : itemAt(event->pos());
+    const QListWidgetItem* const row = isByKey ? focusedItem() : itemAt(event->pos());
     if (!row) return;
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);

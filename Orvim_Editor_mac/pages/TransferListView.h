@@ -22,13 +22,17 @@ public:
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
     QUuid id(const QListWidgetItem* item) const;
+    const QListWidgetItem* focusedItem() const;
+    void showDropTarget(bool isOver);
     void showList();
     void addRow(int index);
     void showSelection();
@@ -37,6 +41,7 @@ private:
 
     TransferListActions& m_actions;
     QLabel* m_dropHint = nullptr;
+    bool m_isDropTarget = false;
 };
 
 } // namespace orvim
