@@ -1,110 +1,34 @@
-#include "pages/ImageTransferPageView.h"
-
-#include "EditorPageHost.h"
-#include "PageScaffold.h"
-#include "tests/app/support/Drop.h"
-#include "tests/app/support/PluggedRuntime.h"
-#include "tests/app/support/RecordingDialogs.h"
-#include "tests/app/support/WaveFile.h"
-#include "tests/support/Bytes.h"
+#include "tests/app/support/TransferPageTest.h"
 
 #include <QDir>
-#include <QLabel>
-#include <QListWidget>
 #include <QMenu>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
 
 namespace orvim {
 namespace {
 
-using test::bytes;
 using test::dropOnMiddle;
-using test::PluggedRuntime;
-using test::RecordingDialogs;
 
-class ImageTransferPageViewTest : public testing::Test
+class ImageTransferPageViewTest : public test::ImageTransferPageTest
 {
-protected:
-    void SetUp() override
-    {
-        plugged.runtime.setSelectedPage(EditorPage::imageTransfer);
-        window.resize(900, 700);
-        window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-
-    /// A picture file of one colour.
-    QString picture(const QString& name, QColor color = Qt::white)
-    {
-        QImage image(64, 64, QImage::Format_RGB32);
-        image.fill(color);
-        EXPECT_TRUE(image.save(folder.filePath(name)));
-        return folder.filePath(name);
-    }
-
-    QString textFile(const QString& name)
-    {
-        test::writeFile(folder.filePath(name), "no picture");
-        return folder.filePath(name);
-    }
-
-    void addPictures(int count)
-    {
-        QStringList paths;
-        for (int i = 0; i < count; ++i)
-            paths << picture(QStringLiteral("%1.png").arg(i), QColor(8 * i, 0, 0));
-        actions().registerFiles(paths);
-    }
-
-    /// Drops the files on the page and waits until they are taken in.
-    void drop(const QStringList& paths)
-    {
-        QList<QUrl> urls;
-        for (const QString& path : paths)
-            urls << QUrl::fromLocalFile(path);
-        const QString before = plugged.log();
-        EXPECT_TRUE(dropOnMiddle(page(), urls));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return plugged.log() != before; }));
-    }
-
-    ImageTransferPageView& page() { return *window.findChild<ImageTransferPageView*>(); }
-    ImageTransferPageActions& actions() { return page().actions(); }
-    const std::vector<ImageTransferItem>& items() { return actions().state().items; }
-    QListWidget& list() { return *page().findChild<QListWidget*>(); }
-    QString counter() { return page().findChild<QLabel*>(QStringLiteral("counter"))->text(); }
-    QString status() { return plugged.runtime.midiOutManager().statusMessage(); }
-    QString pathAt(int index) { return items().at(static_cast<std::size_t>(index)).filePath; }
-
-    QAction& menuItem(const QString& title)
-    {
-        for (QAction* const action : window.page(EditorPage::imageTransfer).findChildren<QAction*>())
-            if (action->text() == title) return *action;
-        throw std::logic_error("no such item");
-    }
-
-    QPoint middleOfRow(int row) { return list().visualItemRect(list().item(row)).center(); }
-
-    QTemporaryDir folder;
-    PluggedRuntime plugged;
-    RecordingDialogs dialogs;
-    EditorPageHost window{plugged.runtime, dialogs};
 };
+
+/// The widget alone, without what lies under it.
+QImage drawn(QWidget& widget, int pixelRatio = 1)
+{
+    QImage image(widget.size() * pixelRatio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(pixelRatio);
+    image.fill(Qt::transparent);
+    widget.render(&image, {}, {}, QWidget::RenderFlags());
+    return image;
+}
 
 TEST_F(ImageTransferPageViewTest, OpensEmptyWithTheHintInTheMiddleOfTheList)
 {
     EXPECT_EQ(counter(), QStringLiteral("登録画像数：00/32"));
-    auto& hint = *page().findChild<QLabel*>(QStringLiteral("dropHint"));
-    EXPECT_TRUE(hint.isVisible());
-    EXPECT_EQ(hint.text(), QStringLiteral("ここに画像ファイルをドラッグして下さい\nbmp, jpg, pngに対応"));
+    EXPECT_TRUE(dropHint().isVisible());
+    EXPECT_EQ(dropHint().text(), QStringLiteral("ここに画像ファイルをドラッグして下さい\nbmp, jpg, pngに対応"));
     addPictures(1);
-    EXPECT_FALSE(hint.isVisible());
+    EXPECT_FALSE(dropHint().isVisible());
 }
 
 TEST_F(ImageTransferPageViewTest, SevenRowsAreCounted)
@@ -166,21 +90,32 @@ TEST_F(ImageTransferPageViewTest, ATextThatIsNoAddressIsNotTaken)
 TEST_F(ImageTransferPageViewTest, RemoteAddressesAndFoldersCannotBeReadAndTheRestIsRegistered)
 {
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("folder.png")));
-    const QList<QUrl> urls{QUrl(QStringLiteral("https://example.org/a.png")),
-                           QUrl::fromLocalFile(folder.filePath(QStringLiteral("folder.png"))),
+    const QString place = folder.filePath(QStringLiteral("folder.png"));
+    const QList<QUrl> urls{QUrl(QStringLiteral("https://example.org/a.png")), QUrl::fromLocalFile(place),
+                           QUrl::fromLocalFile(place + QLatin1Char('/')),
                            QUrl::fromLocalFile(picture(QStringLiteral("b.png")))};
     EXPECT_TRUE(dropOnMiddle(page(), urls));
     ASSERT_TRUE(QTest::qWaitFor([&] { return status() == QStringLiteral("画像ファイルを登録しました。"); }));
     EXPECT_EQ(items().size(), 1u);
-    EXPECT_EQ(plugged.log().count(QStringLiteral("画像ファイルを読み込めません。")), 2);
+    EXPECT_EQ(plugged.log().count(QStringLiteral("画像ファイルを読み込めません。")), 3);
 }
 
-TEST_F(ImageTransferPageViewTest, ABrokenPictureIsReportedInTheNormalLookAndTheListStays)
+TEST_F(ImageTransferPageViewTest, ANameThatOnlyBeginsWithADotHasNoExtension)
+{
+    const QString hidden = picture(QStringLiteral("a.png"));
+    ASSERT_TRUE(QFile::rename(hidden, folder.filePath(QStringLiteral(".png"))));
+    drop({folder.filePath(QStringLiteral(".png"))});
+    EXPECT_EQ(status(), QStringLiteral("対応する画像ファイルが見つかりません。"));
+}
+
+TEST_F(ImageTransferPageViewTest, ABrokenPictureIsReportedInTheNormalLookBeforeTheLastReport)
 {
     addPictures(1);
     actions().registerFiles({textFile(QStringLiteral("broken.png"))});
     EXPECT_EQ(items().size(), 1u);
-    EXPECT_TRUE(plugged.log().contains(QStringLiteral(" 画像ファイルを読み込めません。\n")));
+    EXPECT_EQ(plugged.log(), QStringLiteral(" 画像ファイルを登録しました。\n"
+                                            " 画像ファイルを読み込めません。\n"
+                                            " 画像ファイルを登録しました。\n"));
     EXPECT_EQ(status(), QStringLiteral("画像ファイルを登録しました。"));
     EXPECT_FALSE(plugged.runtime.midiOutManager().lastErrorMessage());
 }
@@ -196,15 +131,6 @@ TEST_F(ImageTransferPageViewTest, WhileManyPhotosAreLoadedTheWindowLivesAndProgr
     EXPECT_GT(ticks, 0);
     EXPECT_EQ(progress.count(), 33);
     EXPECT_FALSE(plugged.runtime.midiOutManager().progressFraction());
-}
-
-TEST_F(ImageTransferPageViewTest, ADropWhileFilesAreLoadedFollowsThem)
-{
-    const QString late = picture(QStringLiteral("late.png"));
-    QTimer::singleShot(0, &page(), [&] { dropOnMiddle(page(), {QUrl::fromLocalFile(late)}); });
-    addPictures(3);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return items().size() == 4; }));
-    EXPECT_TRUE(pathAt(3).endsWith(QStringLiteral("/late.png")));
 }
 
 TEST_F(ImageTransferPageViewTest, ThePanelsFilesAreRegisteredAndACancelledOneSaysNothing)
@@ -225,8 +151,16 @@ TEST_F(ImageTransferPageViewTest, DeletingRow3Of5LeavesRows0To3)
     ASSERT_EQ(items().size(), 4u);
     EXPECT_EQ(items()[3].id, formerRow4);
     EXPECT_EQ(items()[3].screenNumber, 3);
-    EXPECT_EQ(list().itemWidget(list().item(3))->findChild<QLabel*>()->text(), QStringLiteral("03"));
+    EXPECT_EQ(rowAt(3).findChild<QLabel*>()->text(), QStringLiteral("03"));
     EXPECT_EQ(status(), QStringLiteral("画像を削除しました。"));
+}
+
+TEST_F(ImageTransferPageViewTest, TheBackspaceKeyRemovesTheSelectedRowToo)
+{
+    addPictures(2);
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, middleOfRow(1));
+    QTest::keyClick(&list(), Qt::Key_Backspace);
+    EXPECT_EQ(items().size(), 1u);
 }
 
 TEST_F(ImageTransferPageViewTest, TheDeleteKeyRemovesAllSelectedRows)
@@ -270,6 +204,93 @@ TEST_F(ImageTransferPageViewTest, TheContextMenuDeletesTheRowUnderThePointerAndK
     EXPECT_TRUE(list().item(0)->isSelected());
 }
 
+TEST_F(ImageTransferPageViewTest, TheContextMenuByKeyStandsForTheRowWithTheFocus)
+{
+    addPictures(3);
+    const auto menuByKey = [this](QWidget& focused) {
+        focused.setFocus();
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+        QApplication::sendEvent(&focused, &event);
+        return list().findChild<QMenu*>();
+    };
+    list().setCurrentRow(0);
+    auto* menu = menuByKey(buttonAt(2));
+    ASSERT_NE(menu, nullptr);
+    const QUuid last = items()[2].id;
+    menu->actions().at(0)->trigger();
+    delete menu;
+    ASSERT_EQ(items().size(), 2u);
+    EXPECT_NE(items()[1].id, last);
+
+    const QUuid current = items()[0].id;
+    list().setCurrentRow(0);
+    menu = menuByKey(list());
+    ASSERT_NE(menu, nullptr);
+    menu->actions().at(0)->trigger();
+    delete menu;
+    ASSERT_EQ(items().size(), 1u);
+    EXPECT_NE(items()[0].id, current);
+}
+
+TEST_F(ImageTransferPageViewTest, TheListIsMarkedWhileFilesAreDraggedOverIt)
+{
+    const QColor mark = list().palette().color(QPalette::Highlight);
+    const auto edge = [this] { return list().viewport()->grab().toImage().pixelColor(0, 20); };
+    const QColor plain = edge();
+    ASSERT_NE(plain, mark);
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(picture(QStringLiteral("a.png")))});
+    test::Drag drag(page(), files);
+    EXPECT_TRUE(drag.enter());
+    EXPECT_TRUE(drag.move());
+    EXPECT_EQ(edge(), mark);
+    drag.leave();
+    EXPECT_EQ(edge(), plain);
+    EXPECT_TRUE(drag.enter());
+    EXPECT_TRUE(drag.move());
+    EXPECT_TRUE(drag.drop());
+    EXPECT_EQ(edge(), plain);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return items().size() == 1; }));
+}
+
+TEST_F(ImageTransferPageViewTest, ARowShowsItsNumberItsPathItsPictureAndItsButton)
+{
+    addPictures(2);
+    EXPECT_EQ(rowAt(1).findChild<QLabel*>()->text(), QStringLiteral("01"));
+    EXPECT_EQ(rowAt(1).findChild<ElidedLabel*>()->text(), folder.filePath(QStringLiteral("1.png")));
+    EXPECT_EQ(buttonAt(1).text(), QStringLiteral("実機で表示"));
+    EXPECT_EQ(actions().row(1).preview.pixelColor(63, 63), QColor(8, 0, 0));
+}
+
+TEST_F(ImageTransferPageViewTest, TheRowsPictureIsDrawnInWholePixelsOnAFineScreen)
+{
+    QImage stripes(64, 64, QImage::Format_RGB32);
+    for (int y = 0; y < 64; ++y)
+        for (int x = 0; x < 64; ++x)
+            stripes.setPixelColor(x, y, (x + y) % 2 ? QColor(0xFF, 0x80, 0x40) : QColor(0, 0x20, 0xE0));
+    ASSERT_TRUE(stripes.save(folder.filePath(QStringLiteral("a.png"))));
+    actions().registerFiles({folder.filePath(QStringLiteral("a.png"))});
+    const QImage shown = drawn(*rowAt(0).findChild<QWidget*>(QStringLiteral("preview")), 2);
+    ASSERT_EQ(shown.size(), QSize(128, 128));
+    for (int y = 0; y < 128; ++y)
+        for (int x = 0; x < 128; ++x)
+            ASSERT_EQ(shown.pixelColor(x, y), stripes.pixelColor(x / 2, y / 2)) << x << ", " << y;
+}
+
+TEST_F(ImageTransferPageViewTest, OfALongPathTheFileNameStaysInSight)
+{
+    const QString deep = QStringLiteral("a-folder-with-a-rather-long-name/").repeated(5);
+    ASSERT_TRUE(QDir(folder.path()).mkpath(deep));
+    actions().registerFiles({picture(deep + QStringLiteral("name.png"))});
+    auto& path = *rowAt(0).findChild<ElidedLabel*>();
+    EXPECT_EQ(path.toolTip(), path.text());
+    ElidedLabel expected;
+    expected.resize(path.size());
+    expected.setText(path.fontMetrics().elidedText(path.text(), Qt::ElideMiddle, path.width()));
+    EXPECT_TRUE(expected.text().endsWith(QStringLiteral("name.png")));
+    EXPECT_EQ(drawn(path), drawn(expected));
+}
+
 TEST_F(ImageTransferPageViewTest, ClearOnAnEmptyListAsksNothing)
 {
     menuItem(QStringLiteral("クリア")).trigger();
@@ -291,6 +312,27 @@ TEST_F(ImageTransferPageViewTest, ClearAsksAndKeepsTheListAtNo)
     EXPECT_EQ(counter(), QStringLiteral("登録画像数：00/32"));
 }
 
+TEST_F(ImageTransferPageViewTest, ClearDoesNotTouchTheSelection)
+{
+    addPictures(2);
+    list().item(1)->setSelected(true);
+    const auto selected = actions().selectedItemIDs();
+    EXPECT_EQ(selected, QSet<QUuid>{items()[1].id});
+    dialogs.answer = true;
+    actions().clear();
+    EXPECT_TRUE(items().empty());
+    EXPECT_EQ(actions().selectedItemIDs(), selected);
+}
+
+TEST_F(ImageTransferPageViewTest, NoFilesToRegisterAreNotReported)
+{
+    addPictures(1);
+    const QString before = plugged.log();
+    actions().registerFiles({});
+    EXPECT_EQ(plugged.log(), before);
+    EXPECT_EQ(items().size(), 1u);
+}
+
 TEST_F(ImageTransferPageViewTest, ShortcutsActOnlyWhileThePageIsInView)
 {
     addPictures(1);
@@ -310,160 +352,16 @@ TEST_F(ImageTransferPageViewTest, ShortcutsActOnlyWhileThePageIsInView)
 
 TEST_F(ImageTransferPageViewTest, TheToolbarClearsAddsAndExports)
 {
-    auto& header = window.page(EditorPage::imageTransfer);
-    const auto press = [&](const char* symbol) {
-        QTest::mouseClick(header.findChild<QToolButton*>(QString::fromUtf8(symbol)), Qt::LeftButton);
-    };
     dialogs.pathsToOpen = QStringList{picture(QStringLiteral("a.png"))};
+    EXPECT_EQ(toolbarButton("photo.badge.plus").text(), QStringLiteral("画像追加"));
     press("photo.badge.plus");
     EXPECT_EQ(items().size(), 1u);
+    EXPECT_EQ(toolbarButton("square.and.arrow.down").text(), QStringLiteral("書き出し"));
     press("square.and.arrow.down");
     EXPECT_EQ(status(), QStringLiteral("画像MIDI保存をキャンセルしました。"));
+    EXPECT_EQ(toolbarButton("doc").text(), QStringLiteral("クリア"));
     press("doc");
     EXPECT_EQ(status(), QStringLiteral("画像リストのクリアをキャンセルしました。"));
-}
-
-TEST_F(ImageTransferPageViewTest, AnExportRestoresAsWhatPackingAllows)
-{
-    actions().registerFiles({picture(QStringLiteral("a.png"), QColor(0x88, 0x88, 0x88)),
-                             picture(QStringLiteral("b.png"), QColor(0xFF, 0, 0))});
-    dialogs.pathToSave = folder.filePath(QStringLiteral("out.mid"));
-    menuItem(QStringLiteral("MIDIを書き出し")).trigger();
-    EXPECT_EQ(status(), QStringLiteral("画像MIDIを書き出しました。"));
-    EXPECT_EQ(dialogs.savedKinds, QList<FileKind>{FileKind::midi});
-
-    dialogs.pathToOpen = dialogs.pathToSave;
-    dialogs.answer = true;
-    menuItem(QStringLiteral("MIDIから画像を復元")).trigger();
-    EXPECT_EQ(status(), QStringLiteral("MIDIファイルから画像をインポートしました。"));
-    EXPECT_EQ(dialogs.questions, QStringList{QStringLiteral("現在の画像リストを破棄して読み込みますか？")});
-    ASSERT_EQ(items().size(), 2u);
-    EXPECT_EQ(items()[0].filePath, QStringLiteral("MIDI Import: screen 00"));
-    const auto& grey = items()[0].rgb888;
-    EXPECT_EQ(std::vector(grey.begin(), grey.begin() + 3), bytes("88 8C 8C"));
-    EXPECT_EQ(items()[1].previewImage.pixelColor(0, 0), QColor(0xFF, 0, 0));
-}
-
-TEST_F(ImageTransferPageViewTest, TheSettingsMenuDecidesWhatIsWritten)
-{
-    const auto exported = [&] {
-        dialogs.pathToSave = folder.filePath(QStringLiteral("out.mid"));
-        actions().exportMIDI();
-        QFile file(*dialogs.pathToSave);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    };
-    const QByteArray reset = QByteArray::fromHex("0048057F0000F7");
-    const QByteArray uiType = QByteArray::fromHex("0048057F0304F7");
-    const QByteArray draw = QByteArray::fromHex("0048057F2600F7");
-    addPictures(1);
-    for (const QByteArray& message : {reset, uiType, draw})
-        EXPECT_TRUE(exported().contains(message)) << message.toHex().constData();
-    for (const char* title : {"リセット命令を書き出し", "UI Type Setを書き出し", "描画コマンドを書き出し"})
-        menuItem(QString::fromUtf8(title)).trigger();
-    for (const QByteArray& message : {reset, uiType, draw})
-        EXPECT_FALSE(exported().contains(message)) << message.toHex().constData();
-    EXPECT_TRUE(exported().contains(QByteArray::fromHex("0048057F200000")));
-}
-
-TEST_F(ImageTransferPageViewTest, AnEmptyListIsExportedAllTheSame)
-{
-    dialogs.pathToSave = folder.filePath(QStringLiteral("out.mid"));
-    actions().exportMIDI();
-    EXPECT_EQ(status(), QStringLiteral("画像MIDIを書き出しました。"));
-    EXPECT_GT(QFileInfo(*dialogs.pathToSave).size(), 0);
-}
-
-TEST_F(ImageTransferPageViewTest, AFolderThatTakesNoFileIsReportedAndNothingIsLeftThere)
-{
-    dialogs.pathToSave = QStringLiteral("/proc/orvim/out.mid");
-    actions().exportMIDI();
-    EXPECT_EQ(status(), QStringLiteral("画像MIDIを書き出せません。"));
-    EXPECT_FALSE(plugged.runtime.midiOutManager().lastErrorMessage());
-    EXPECT_FALSE(QFileInfo::exists(*dialogs.pathToSave));
-}
-
-TEST_F(ImageTransferPageViewTest, Screens0And5RestoreSixRows)
-{
-    addPictures(6);
-    dialogs.pathToSave = folder.filePath(QStringLiteral("six.mid"));
-    actions().exportMIDI();
-    QFile file(*dialogs.pathToSave);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QByteArray content = file.readAll();
-    for (char screen = 1; screen <= 4; ++screen)
-        content.replace(QByteArray::fromHex("0048057F20") + screen, QByteArray::fromHex("0048057F21") + screen);
-    test::writeFile(folder.filePath(QStringLiteral("two.mid")), content);
-    dialogs.pathToOpen = folder.filePath(QStringLiteral("two.mid"));
-    dialogs.answer = true;
-    actions().restoreFromMIDI();
-    EXPECT_EQ(items().size(), 6u);
-    EXPECT_EQ(counter(), QStringLiteral("登録画像数：06/32"));
-    EXPECT_EQ(items()[3].rgb888, std::vector<std::uint8_t>(12'288));
-    EXPECT_EQ(items()[5].rgb888[0], 0x22) << "40 in the four bits of red";
-}
-
-TEST_F(ImageTransferPageViewTest, WhatCannotBeRestoredLeavesTheListAsItWas)
-{
-    addPictures(1);
-    const QUuid only = items()[0].id;
-    actions().restoreFromMIDI();
-    EXPECT_EQ(status(), QStringLiteral("画像のインポートをキャンセルしました。"));
-
-    dialogs.pathToOpen = textFile(QStringLiteral("broken.mid"));
-    actions().restoreFromMIDI();
-    EXPECT_EQ(status(), QStringLiteral("MIDIファイルを開けません。"));
-    dialogs.pathToOpen = folder.filePath(QStringLiteral("missing.mid"));
-    actions().restoreFromMIDI();
-    EXPECT_EQ(status(), QStringLiteral("MIDIファイルを開けません。"));
-
-    test::writeFile(folder.filePath(QStringLiteral("other.mid")),
-                    QByteArray::fromHex("4D546864000000060000000101E04D54726B0000000400FF2F00"));
-    dialogs.pathToOpen = folder.filePath(QStringLiteral("other.mid"));
-    actions().restoreFromMIDI();
-    EXPECT_EQ(status(), QStringLiteral("MIDIファイル中に画像が見つかりません。"));
-    EXPECT_TRUE(dialogs.questions.isEmpty());
-
-    dialogs.pathToSave = folder.filePath(QStringLiteral("good.mid"));
-    actions().exportMIDI();
-    dialogs.pathToOpen = dialogs.pathToSave;
-    actions().restoreFromMIDI();
-    EXPECT_EQ(status(), QStringLiteral("画像のインポートをキャンセルしました。"));
-    ASSERT_EQ(items().size(), 1u);
-    EXPECT_EQ(items()[0].id, only);
-}
-
-TEST_F(ImageTransferPageViewTest, ShowingARowSendsItsMessagesAndMovesTheSimulator)
-{
-    addPictures(2);
-    plugged.system.forgetSent();
-    QSignalSpy progress(&plugged.runtime.midiOutManager(), &MIDIOutManager::progressChanged);
-    auto* const button = list().itemWidget(list().item(1))->findChild<QPushButton*>();
-    EXPECT_EQ(button->text(), QStringLiteral("実機で表示"));
-    QTest::mouseClick(button, Qt::LeftButton);
-    const auto sent = plugged.sent();
-    ASSERT_EQ(sent.size(), 66u);
-    EXPECT_EQ(sent[0], bytes("F0 00 48 05 7F 03 04 F7"));
-    for (std::uint8_t y = 0; y < 64; ++y) {
-        EXPECT_EQ(sent[y + 1u].size(), 137u);
-        EXPECT_EQ(std::vector(sent[y + 1u].begin(), sent[y + 1u].begin() + 7), bytes("F0 00 48 05 7F 20 01"));
-        EXPECT_EQ(sent[y + 1u][7], y);
-    }
-    EXPECT_EQ(sent[65], bytes("F0 00 48 05 7F 26 01 F7"));
-    EXPECT_EQ(progress.count(), 65);
-    EXPECT_FALSE(plugged.runtime.midiOutManager().progressFraction());
-    EXPECT_EQ(status(), QStringLiteral("Image Draw 64x64 を送信しました。"));
-    EXPECT_EQ(plugged.screen().displayType, DisplaySimulatorType::arbitraryImage);
-    EXPECT_TRUE(plugged.log().contains(QStringLiteral("[SysEx: Image Transfer color 64x64]")));
-}
-
-TEST_F(ImageTransferPageViewTest, WithoutADestinationEachSendIsReportedAndTheSimulatorShowsThePicture)
-{
-    addPictures(1);
-    plugged.runtime.midiOutManager().setSelectedDestinationID(std::nullopt);
-    actions().runOnModule(items()[0].id);
-    EXPECT_EQ(plugged.log().count(QStringLiteral("エラー: MIDI OUTが未選択です。")), 66);
-    EXPECT_EQ(plugged.screen().displayType, DisplaySimulatorType::arbitraryImage);
 }
 
 } // namespace

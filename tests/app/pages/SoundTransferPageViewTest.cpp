@@ -1,101 +1,26 @@
-#include "pages/SoundTransferPageView.h"
+#include "tests/app/support/TransferPageTest.h"
 
-#include "EditorPageHost.h"
-#include "PageScaffold.h"
-#include "tests/app/support/Drop.h"
-#include "tests/app/support/PluggedRuntime.h"
-#include "tests/app/support/RecordingDialogs.h"
-#include "tests/app/support/WaveFile.h"
-#include "tests/support/Bytes.h"
+#include <QContextMenuEvent>
+#include <QMenu>
 
-#include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace orvim {
 namespace {
 
-using test::bytes;
-using test::dropOnMiddle;
-using test::PluggedRuntime;
-using test::RecordingDialogs;
 using test::waveFile;
 
-class SoundTransferPageViewTest : public testing::Test
+class SoundTransferPageViewTest : public test::SoundTransferPageTest
 {
-protected:
-    void SetUp() override
-    {
-        plugged.runtime.setSelectedPage(EditorPage::samplingSound);
-        window.resize(900, 700);
-        window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-
-    QString sound(const QString& name, const std::vector<std::int16_t>& samples)
-    {
-        test::writeFile(folder.filePath(name), waveFile(samples));
-        return folder.filePath(name);
-    }
-
-    QString sound(const QString& name, double seconds)
-    {
-        return sound(name, std::vector<std::int16_t>(static_cast<std::size_t>(seconds * 24'000), 1'000));
-    }
-
-    void drop(const QStringList& paths)
-    {
-        QList<QUrl> urls;
-        for (const QString& path : paths)
-            urls << QUrl::fromLocalFile(path);
-        const QString before = plugged.log();
-        EXPECT_TRUE(dropOnMiddle(page(), urls));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return plugged.log() != before; }));
-    }
-
-    SoundTransferPageView& page() { return *window.findChild<SoundTransferPageView*>(); }
-    SoundTransferPageActions& actions() { return page().actions(); }
-    const std::vector<SoundTransferItem>& items() { return actions().state().items; }
-    QListWidget& list() { return *page().findChild<QListWidget*>(); }
-    QString counter() { return page().findChild<QLabel*>(QStringLiteral("counter"))->text(); }
-    QString status() { return plugged.runtime.midiOutManager().statusMessage(); }
-
-    QString lengthAt(int row) { return list().itemWidget(list().item(row))->findChildren<QLabel*>().last()->text(); }
-
-    QAction& menuItem(const QString& title)
-    {
-        for (QAction* const action : window.page(EditorPage::samplingSound).findChildren<QAction*>())
-            if (action->text() == title) return *action;
-        throw std::logic_error("no such item");
-    }
-
-    /// The numbers of the sections that were sent.
-    std::vector<int> sentSections()
-    {
-        std::vector<int> numbers;
-        for (const auto& message : plugged.sent())
-            if (message.size() == 137) numbers.push_back(message[6] * 128 + message[7]);
-        return numbers;
-    }
-
-    QTemporaryDir folder;
-    PluggedRuntime plugged;
-    RecordingDialogs dialogs;
-    EditorPageHost window{plugged.runtime, dialogs};
 };
 
 TEST_F(SoundTransferPageViewTest, OpensEmptyWithTheHint)
 {
     EXPECT_EQ(counter(), QStringLiteral("登録音声数：00/32  合計時間：0.00/50.00sec"));
-    auto& hint = *page().findChild<QLabel*>(QStringLiteral("dropHint"));
-    EXPECT_TRUE(hint.isVisible());
-    EXPECT_EQ(hint.text(), QStringLiteral("ここにWAVファイルをドラッグして下さい"));
+    EXPECT_TRUE(dropHint().isVisible());
+    EXPECT_EQ(dropHint().text(), QStringLiteral("ここにWAVファイルをドラッグして下さい"));
+    actions().registerFiles({sound(QStringLiteral("a.wav"), 0.1)});
+    EXPECT_FALSE(dropHint().isVisible());
 }
 
 TEST_F(SoundTransferPageViewTest, ThreeRowsOf12AndAHalfSecondsInAllAreCounted)
@@ -130,72 +55,6 @@ TEST_F(SoundTransferPageViewTest, TwoFilesOfExactly25SecondsFit)
     EXPECT_EQ(counter(), QStringLiteral("登録音声数：02/32  合計時間：50.00/50.00sec"));
 }
 
-TEST_F(SoundTransferPageViewTest, ASoundOfZeroLengthIsARowAndHasASettingWithCount0)
-{
-    actions().registerFiles({sound(QStringLiteral("a.wav"), 0.0)});
-    ASSERT_EQ(items().size(), 1u);
-    EXPECT_EQ(lengthAt(0), QStringLiteral("0.00 sec"));
-    plugged.system.forgetSent();
-    actions().runOnModule(items()[0].id);
-    EXPECT_EQ(plugged.sent().at(0), bytes("F0 00 48 05 7F 31 00 00 00 00 00 00 00 F7"));
-}
-
-TEST_F(SoundTransferPageViewTest, PlayOnARowOf300SamplesAtStart100SendsSections0To3)
-{
-    actions().registerFiles({sound(QStringLiteral("a.wav"), std::vector<std::int16_t>(100, 1)),
-                             sound(QStringLiteral("b.wav"), std::vector<std::int16_t>(300, 2))});
-    plugged.system.forgetSent();
-    QSignalSpy progress(&plugged.runtime.midiOutManager(), &MIDIOutManager::progressChanged);
-    auto* const button = list().itemWidget(list().item(1))->findChild<QPushButton*>();
-    EXPECT_EQ(button->text(), QStringLiteral("実機で再生"));
-    QTest::mouseClick(button, Qt::LeftButton);
-    EXPECT_EQ(sentSections(), (std::vector<int>{0, 1, 2, 3}));
-    const auto sent = plugged.sent();
-    ASSERT_EQ(sent.size(), 9u);
-    EXPECT_EQ(sent[0], bytes("F0 00 48 05 7F 31 01 00 00 64 00 02 2C F7"));
-    EXPECT_EQ(tonavelle::Batch(sent.begin() + 5, sent.end()),
-              (tonavelle::Batch{bytes("B0 63 0B"), bytes("B0 62 00"), bytes("B0 06 01"), bytes("B0 26 00")}));
-    EXPECT_EQ(progress.count(), 5);
-    EXPECT_FALSE(plugged.runtime.midiOutManager().progressFraction());
-    EXPECT_EQ(status(), QStringLiteral("Sampling Sound Play を送信しました。"));
-}
-
-TEST_F(SoundTransferPageViewTest, PlayOnARowOfZeroLengthAtStart0SendsSection0)
-{
-    actions().registerFiles({sound(QStringLiteral("a.wav"), 0.0)});
-    actions().runOnModule(items()[0].id);
-    EXPECT_EQ(sentSections(), std::vector<int>{0});
-}
-
-TEST_F(SoundTransferPageViewTest, PlayOnARowOfZeroLengthBehindWholeSectionsEndsAtTheLastSection)
-{
-    actions().registerFiles(
-        {sound(QStringLiteral("a.wav"), std::vector<std::int16_t>(128, 1)), sound(QStringLiteral("b.wav"), 0.0)});
-    plugged.system.forgetSent();
-    actions().runOnModule(items()[1].id);
-    EXPECT_EQ(sentSections(), std::vector<int>{}) << "the sound's place lies behind the last section";
-    EXPECT_EQ(plugged.sent().size(), 5u);
-}
-
-TEST_F(SoundTransferPageViewTest, WithReducedVolumeOffTheSamplesStandAsTheyAre)
-{
-    actions().registerFiles({sound(QStringLiteral("a.wav"), std::vector<std::int16_t>(128, 32767))});
-    actions().runOnModule(items()[0].id);
-    const auto reduced = plugged.sent().at(1);
-    menuItem(QStringLiteral("音量を下げる（推奨）")).trigger();
-    EXPECT_FALSE(actions().state().reduceVolume);
-    plugged.system.forgetSent();
-    actions().runOnModule(items()[0].id);
-    EXPECT_EQ(plugged.sent().at(1).at(8), 0x7F);
-    EXPECT_LT(reduced.at(8), 0x7F);
-
-    dialogs.pathToSave = folder.filePath(QStringLiteral("out.mid"));
-    actions().exportMIDI();
-    QFile file(*dialogs.pathToSave);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(file.readAll().contains(QByteArray(128, '\x7F')));
-}
-
 TEST_F(SoundTransferPageViewTest, RestoreKeepsTheLevelOfTheFile)
 {
     actions().registerFiles({sound(QStringLiteral("a.wav"), std::vector<std::int16_t>(200, 20'000))});
@@ -204,10 +63,8 @@ TEST_F(SoundTransferPageViewTest, RestoreKeepsTheLevelOfTheFile)
         return static_cast<std::int16_t>(pcm.at(0) | pcm.at(1) << 8);
     };
     EXPECT_NEAR(level(), 20'000, 1);
-    dialogs.pathToSave = folder.filePath(QStringLiteral("out.mid"));
-    actions().exportMIDI();
+    dialogs.pathToOpen = exportTo(QStringLiteral("out.mid"));
     EXPECT_EQ(status(), QStringLiteral("音声MIDIを書き出しました。"));
-    dialogs.pathToOpen = dialogs.pathToSave;
     dialogs.answer = true;
     menuItem(QStringLiteral("MIDIから音声を復元")).trigger();
     EXPECT_EQ(dialogs.questions, QStringList{QStringLiteral("現在の音声リストを破棄して読み込みますか？")});
@@ -218,12 +75,105 @@ TEST_F(SoundTransferPageViewTest, RestoreKeepsTheLevelOfTheFile)
     EXPECT_NEAR(level(), 11'247, 450) << "at 0.56234, within the step of its code";
 }
 
+TEST_F(SoundTransferPageViewTest, LengthsInTheMiddleAreRoundedToTheEvenHundredth)
+{
+    actions().registerFiles({sound(QStringLiteral("a.wav"), std::vector<std::int16_t>(3'000, 1))});
+    EXPECT_EQ(lengthAt(0), QStringLiteral("0.12 sec"));
+    EXPECT_EQ(counter(), QStringLiteral("登録音声数：01/32  合計時間：0.12/50.00sec"));
+    actions().registerFiles({sound(QStringLiteral("b.wav"), std::vector<std::int16_t>(15'000, 1)),
+                             sound(QStringLiteral("c.wav"), std::vector<std::int16_t>(9'000, 1))});
+    EXPECT_EQ(lengthAt(1), QStringLiteral("0.62 sec"));
+    EXPECT_EQ(lengthAt(2), QStringLiteral("0.38 sec"));
+    EXPECT_EQ(counter(), QStringLiteral("登録音声数：03/32  合計時間：1.12/50.00sec"));
+}
+
 TEST_F(SoundTransferPageViewTest, AWavOfAnyRateAndChannelCountIsBroughtTo24000HertzMono)
 {
-    test::writeFile(folder.filePath(QStringLiteral("a.wav")),
-                    waveFile({test::WaveCoding::pcm, 2, 48'000, 16}, QByteArray(48'000 * 4, '\0')));
+    // Frames at 44,100 Hz, left and right; of these 0, 1, 3, 5, 7, 9, 11 and 12 are next before a sample of 24,000 Hz.
+    QByteArray frames;
+    for (std::int16_t frame = 0; frame < 14; ++frame) {
+        test::putLittleEndian(frames, static_cast<std::int16_t>(1'000 * frame));
+        test::putLittleEndian(frames, static_cast<std::int16_t>(1'000 * frame + 600));
+    }
+    test::writeFile(folder.filePath(QStringLiteral("a.wav")), waveFile({test::WaveCoding::pcm, 2, 44'100, 16}, frames));
     actions().registerFiles({folder.filePath(QStringLiteral("a.wav"))});
-    EXPECT_EQ(lengthAt(0), QStringLiteral("1.00 sec"));
+    ASSERT_EQ(items().size(), 1u);
+    const auto& pcm = items()[0].pcm16LittleEndian;
+    std::vector<int> samples;
+    for (std::size_t i = 0; i + 1 < pcm.size(); i += 2)
+        samples.push_back(static_cast<std::int16_t>(pcm[i] | pcm[i + 1] << 8));
+    EXPECT_THAT(samples,
+                testing::Pointwise(testing::FloatNear(1), {300, 1'300, 3'300, 5'300, 7'300, 9'300, 11'300, 12'300}));
+}
+
+TEST_F(SoundTransferPageViewTest, TheSettingsMenuDecidesWhatIsWritten)
+{
+    const QByteArray reset = QByteArray::fromHex("0048057F0000F7");
+    const QByteArray play = QByteArray::fromHex("B0630B");
+    const auto written = [&] {
+        const QByteArray file = readFile(exportTo(QStringLiteral("out.mid")));
+        EXPECT_TRUE(file.contains(QByteArray::fromHex("0048057F3100")));
+        return std::vector<bool>{file.contains(reset), file.contains(play)};
+    };
+    actions().registerFiles({sound(QStringLiteral("a.wav"), 0.1)});
+    EXPECT_EQ(written(), (std::vector<bool>{true, true}));
+    menuItem(QStringLiteral("リセット命令を書き出し")).trigger();
+    EXPECT_EQ(written(), (std::vector<bool>{false, true}));
+    menuItem(QStringLiteral("再生コマンドを書き出し")).trigger();
+    EXPECT_EQ(written(), (std::vector<bool>{false, false}));
+}
+
+TEST_F(SoundTransferPageViewTest, TheMenuThePanelAndTheToolbarAddFiles)
+{
+    const QString before = plugged.log();
+    menuItem(QStringLiteral("音声を開く")).trigger();
+    EXPECT_EQ(plugged.log(), before) << "a cancelled panel says nothing";
+    dialogs.pathsToOpen = QStringList{sound(QStringLiteral("a.wav"), 0.1)};
+    menuItem(QStringLiteral("音声を開く")).trigger();
+    EXPECT_EQ(items().size(), 1u);
+    QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(items().size(), 2u);
+    EXPECT_EQ(toolbarButton("waveform.badge.plus").text(), QStringLiteral("音声追加"));
+    press("waveform.badge.plus");
+    EXPECT_EQ(items().size(), 3u);
+    EXPECT_EQ(toolbarButton("square.and.arrow.down").text(), QStringLiteral("書き出し"));
+    press("square.and.arrow.down");
+    EXPECT_EQ(status(), QStringLiteral("音声MIDI保存をキャンセルしました。"));
+    EXPECT_EQ(toolbarButton("doc").text(), QStringLiteral("クリア"));
+    press("doc");
+    EXPECT_EQ(status(), QStringLiteral("音声リストのクリアをキャンセルしました。"));
+}
+
+TEST_F(SoundTransferPageViewTest, ARowShowsItsNumberItsPathAndItsButton)
+{
+    actions().registerFiles({sound(QStringLiteral("a.wav"), 0.1), sound(QStringLiteral("b.wav"), 0.1)});
+    EXPECT_EQ(rowAt(1).findChild<QLabel*>()->text(), QStringLiteral("01"));
+    EXPECT_EQ(rowAt(1).findChild<ElidedLabel*>()->text(), folder.filePath(QStringLiteral("b.wav")));
+    EXPECT_EQ(rowAt(1).findChild<QWidget*>(QStringLiteral("preview")), nullptr);
+}
+
+TEST_F(SoundTransferPageViewTest, TheContextMenuDeletesTheRowUnderThePointer)
+{
+    actions().registerFiles({sound(QStringLiteral("a.wav"), 0.1), sound(QStringLiteral("b.wav"), 0.2)});
+    QContextMenuEvent event(QContextMenuEvent::Mouse, middleOfRow(0), list().viewport()->mapToGlobal(middleOfRow(0)));
+    QApplication::sendEvent(list().viewport(), &event);
+    auto* const menu = list().findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions().at(0)->text(), QStringLiteral("削除"));
+    menu->actions().at(0)->trigger();
+    menu->close();
+    ASSERT_EQ(items().size(), 1u);
+    EXPECT_TRUE(items()[0].filePath.endsWith(QStringLiteral("/b.wav")));
+    EXPECT_EQ(lengthAt(0), QStringLiteral("0.20 sec"));
+}
+
+TEST_F(SoundTransferPageViewTest, ClearOnAnEmptyListAsksNothingAndNoFilesAreNotReported)
+{
+    actions().registerFiles({});
+    EXPECT_EQ(plugged.log(), QString());
+    menuItem(QStringLiteral("クリア")).trigger();
+    EXPECT_TRUE(dialogs.questions.isEmpty());
+    EXPECT_EQ(plugged.log(), QStringLiteral(" 音声リストをクリアしました。\n"));
 }
 
 TEST_F(SoundTransferPageViewTest, ADropWithoutWavFilesIsReported)
@@ -238,8 +188,10 @@ TEST_F(SoundTransferPageViewTest, ABrokenFileIsReportedAndTheNextIsAdded)
     test::writeFile(folder.filePath(QStringLiteral("broken.wav")), "RIFF");
     actions().registerFiles({folder.filePath(QStringLiteral("broken.wav")), sound(QStringLiteral("a.wav"), 1.0)});
     EXPECT_EQ(items().size(), 1u);
-    EXPECT_TRUE(plugged.log().contains(QStringLiteral(" WAVファイルを読み込めません。\n")));
+    EXPECT_EQ(plugged.log(), QStringLiteral(" WAVファイルを読み込めません。\n"
+                                            " 音声ファイルを登録しました。\n"));
     EXPECT_EQ(status(), QStringLiteral("音声ファイルを登録しました。"));
+    EXPECT_FALSE(plugged.runtime.midiOutManager().lastErrorMessage());
 }
 
 TEST_F(SoundTransferPageViewTest, A33rdSoundIsSkippedWithoutAWord)
@@ -275,47 +227,40 @@ TEST_F(SoundTransferPageViewTest, ClearAsksAndKeepsTheListAtNo)
     EXPECT_TRUE(items().empty());
 }
 
-TEST_F(SoundTransferPageViewTest, ExportAndRestoreReportWhatWentWrong)
+TEST_F(SoundTransferPageViewTest, ExportAndRestoreReportWhatWentWrongInTheNormalLook)
 {
     QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(dialogs.proposedNames, QStringList{QStringLiteral("sound_output.mid")});
-    EXPECT_EQ(status(), QStringLiteral("音声MIDI保存をキャンセルしました。"));
     dialogs.pathToSave = QStringLiteral("/proc/orvim/out.mid");
     actions().exportMIDI();
-    EXPECT_EQ(status(), QStringLiteral("音声MIDIを書き出せません。"));
-
     actions().restoreFromMIDI();
-    EXPECT_EQ(status(), QStringLiteral("音声のインポートをキャンセルしました。"));
     dialogs.pathToOpen = folder.filePath(QStringLiteral("missing.mid"));
     actions().restoreFromMIDI();
-    EXPECT_EQ(status(), QStringLiteral("MIDIファイルを開けません。"));
-    dialogs.pathToSave = folder.filePath(QStringLiteral("empty.mid"));
-    actions().exportMIDI();
-    dialogs.pathToOpen = dialogs.pathToSave;
+    dialogs.pathToOpen = sound(QStringLiteral("broken.mid"), 0.1);
     actions().restoreFromMIDI();
+    dialogs.pathToOpen = exportTo(QStringLiteral("empty.mid"));
+    actions().restoreFromMIDI();
+    EXPECT_EQ(plugged.log(), QStringLiteral(" 音声MIDI保存をキャンセルしました。\n"
+                                            " 音声MIDIを書き出せません。\n"
+                                            " 音声のインポートをキャンセルしました。\n"
+                                            " MIDIファイルを開けません。\n"
+                                            " MIDIファイルを開けません。\n"
+                                            " 音声MIDIを書き出しました。\n"
+                                            " MIDIファイル中に音声が見つかりません。\n"));
     EXPECT_EQ(status(), QStringLiteral("MIDIファイル中に音声が見つかりません。"));
+    EXPECT_FALSE(plugged.runtime.midiOutManager().lastErrorMessage());
 }
 
-TEST_F(SoundTransferPageViewTest, ARestoredListThatIsTooLongCannotBeExportedOrPlayed)
+TEST_F(SoundTransferPageViewTest, RestoreKeepsTheListAtNo)
 {
-    actions().registerFiles({sound(QStringLiteral("a.wav"), 1.0)});
-    dialogs.pathToSave = folder.filePath(QStringLiteral("out.mid"));
-    actions().exportMIDI();
-    QFile file(*dialogs.pathToSave);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QByteArray content = file.readAll();
-    content.replace(QByteArray::fromHex("0048057F310000000001 3B40"), QByteArray::fromHex("0048057F310000000049 7F7F"));
-    test::writeFile(folder.filePath(QStringLiteral("long.mid")), content);
-    dialogs.pathToOpen = folder.filePath(QStringLiteral("long.mid"));
-    dialogs.answer = true;
+    actions().registerFiles({sound(QStringLiteral("a.wav"), 0.1)});
+    const QUuid only = items()[0].id;
+    dialogs.pathToOpen = exportTo(QStringLiteral("out.mid"));
     actions().restoreFromMIDI();
-    ASSERT_GT(actions().totalSeconds(), 50.0);
-    actions().exportMIDI();
-    EXPECT_EQ(status(), QStringLiteral("音声MIDIを書き出せません。"));
-    plugged.system.forgetSent();
-    actions().runOnModule(items()[0].id);
-    EXPECT_EQ(status(), QStringLiteral("音声プレビューを送信できません。"));
-    EXPECT_TRUE(plugged.sent().empty());
+    EXPECT_EQ(dialogs.questions, QStringList{QStringLiteral("現在の音声リストを破棄して読み込みますか？")});
+    EXPECT_EQ(status(), QStringLiteral("音声のインポートをキャンセルしました。"));
+    ASSERT_EQ(items().size(), 1u);
+    EXPECT_EQ(items()[0].id, only);
 }
 
 } // namespace
