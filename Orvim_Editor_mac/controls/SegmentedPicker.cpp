@@ -89,10 +89,14 @@ int SegmentedPicker::currentIndex() const
 
 void SegmentedPicker::setCurrentIndex(int index)
 {
-    auto* segment = m_segments->button(index);
-    if (!segment) return;
-    m_told = index;
-    segment->setChecked(true);
+    auto* const segment = m_segments->button(index);
+    m_told = segment ? index : none;
+    if (segment) return segment->setChecked(true);
+    auto* const former = m_segments->checkedButton();
+    if (!former) return;
+    m_segments->setExclusive(false);
+    former->setChecked(false);
+    m_segments->setExclusive(true);
 }
 
 } // namespace orvim

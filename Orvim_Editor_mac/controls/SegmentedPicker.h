@@ -14,8 +14,11 @@ class SegmentedPicker : public QWidget
 public:
     explicit SegmentedPicker(const QStringList& titles, QWidget* parent = nullptr);
 
+    static constexpr int none = -1;
+
+    /// `none` while no segment is chosen.
     int currentIndex() const;
-    /// The program's side, silent.
+    /// The program's side, silent. An index without a segment chooses none, so that each can be picked.
     void setCurrentIndex(int index);
 
 Q_SIGNALS:
@@ -24,7 +27,7 @@ Q_SIGNALS:
 
 private:
     QButtonGroup* m_segments = nullptr;
-    int m_told = 0; ///< the choice that everybody knows of
+    int m_told = none; ///< the choice that everybody knows of
 };
 
 } // namespace orvim

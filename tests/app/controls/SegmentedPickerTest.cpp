@@ -60,11 +60,30 @@ TEST(SegmentedPicker, TheProgramsChoiceIsSilent)
     EXPECT_EQ(shown.picked(), QList{0});
 }
 
-TEST(SegmentedPicker, AChoiceOutsideTheRowChangesNothing)
+TEST(SegmentedPicker, OfAChoiceOutsideTheRowNothingIsShownAndEachSegmentCanBePicked)
+{
+    for (const char* const title : {"None", "Over", "Clip"}) {
+        Shown shown;
+        for (const int outside : {7, -2, 7}) {
+            shown.picker.setCurrentIndex(outside);
+            EXPECT_EQ(shown.picker.currentIndex(), SegmentedPicker::none);
+        }
+        EXPECT_TRUE(shown.picked().isEmpty());
+        QTest::mouseClick(shown.segment(title), Qt::LeftButton);
+        EXPECT_EQ(shown.picked(), QList{shown.picker.currentIndex()});
+        EXPECT_TRUE(shown.segment(title)->isChecked());
+    }
+}
+
+TEST(SegmentedPicker, TheKeysChooseFromNothingChosen)
 {
     Shown shown;
     shown.picker.setCurrentIndex(7);
-    EXPECT_EQ(shown.picker.currentIndex(), 0);
+    shown.segment("Over")->setFocus();
+    QTest::keyClick(shown.segment("Over"), Qt::Key_Space);
+    EXPECT_EQ(shown.picked(), QList{1});
+    QTest::keyClick(shown.segment("Over"), Qt::Key_Left);
+    EXPECT_EQ(shown.picked(), (QList{1, 0}));
 }
 
 } // namespace
