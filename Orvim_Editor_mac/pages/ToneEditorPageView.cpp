@@ -11,10 +11,12 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include <array>
 
@@ -28,23 +30,33 @@ struct DirtyOnlyOption {
     bool tonavelle::DirtyOnlyFlags::*flag;
 };
 
+// clang-format off
 constexpr std::array<DirtyOnlyOption, 3> dirtyOnlyOptions{{
     {"編集箇所のみ書き出し（ユーザー楽器）",
-     "MIDIファイル生成時、ユーザー楽器をデフォルトから変更された番号だけ書き出します。OFFの場合は128個すべてを書き出し"
-     "ま"
-     "す。",
+     "MIDIファイル生成時、ユーザー楽器をデフォルトから変更された番号だけ書き出します。OFFの場合は128個すべてを書き出します。",
      &tonavelle::DirtyOnlyFlags::writesDirtyUserMelodyOnly},
     {"編集箇所のみ書き出し（ユーザードラム）",
-     "MIDIファイル生成時、ユーザードラムをデフォルトから変更されたノートだけ書き出します。OFFの場合は128ノートすべてを"
-     "書"
-     "き出します。",
+     "MIDIファイル生成時、ユーザードラムをデフォルトから変更されたノートだけ書き出します。OFFの場合は128ノートすべてを書き出します。",
      &tonavelle::DirtyOnlyFlags::writesDirtyUserDrumOnly},
     {"編集箇所のみ書き出し（ユーザー波形）",
-     "MIDIファイル生成時、ユーザー波形をデフォルトから変更されたスロットだけ書き出します。OFFの場合は4スロットすべてを"
-     "書"
-     "き出します。",
+     "MIDIファイル生成時、ユーザー波形をデフォルトから変更されたスロットだけ書き出します。OFFの場合は4スロットすべてを書き出します。",
      &tonavelle::DirtyOnlyFlags::writesDirtyUserWaveOnly},
 }};
+// clang-format on
+
+/// Tabs that a click or an arrow key changes. Each change is heard, so that a wheel turned over them leaves them alone.
+class ToneTabBar : public QTabBar
+{
+protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        // The other buttons would tell of a click as well.
+        if (event->button() == Qt::LeftButton) return QTabBar::mousePressEvent(event);
+        event->ignore();
+    }
+};
 
 } // namespace
 
@@ -68,15 +80,19 @@ ToneEditorPageView::ToneEditorPageView(EditorRuntime& runtime, Dialogs& dialogs,
 
 void ToneEditorPageView::makeTabBar()
 {
-    m_tabBar = new QTabBar;
+    m_tabBar = new ToneTabBar;
     m_tabBar->setObjectName(QStringLiteral("toneTabs"));
     m_tabBar->setAccessibleName(tr("音色編集のタブ"));
     m_tabBar->setDrawBase(true);
     m_tabBar->setExpanding(false);
     for (const ToneEditorTab tab : allToneEditorTabs)
         m_tabBar->addTab(caption(tab));
-    connect(m_tabBar, &QTabBar::currentChanged, this,
-            [this](int index) { m_actions.previews.openTab(static_cast<ToneEditorTab>(index)); });
+    const auto open = [this](int index) { m_actions.previews.openTab(static_cast<ToneEditorTab>(index)); };
+    connect(m_tabBar, &QTabBar::currentChanged, this, open);
+    // A click on the open tab opens it anew: a module that was switched off meanwhile gets its preview again.
+    connect(m_tabBar, &QTabBar::tabBarClicked, this, [this, open](int index) {
+        if (index >= 0 && index == m_tabBar->currentIndex()) open(index);
+    });
 }
 
 QWidget* ToneEditorPageView::makeTab(ToneEditorTab tab)

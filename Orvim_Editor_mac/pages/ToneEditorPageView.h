@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <map>
 
 class QAction;
@@ -13,7 +14,6 @@ class QTabBar;
 namespace orvim {
 
 class EditorPageHeader;
-class OncePerTurn;
 class ToneKeyboardView;
 
 /// The page on which the sound of the module is edited: five tabs, each built when it is first opened and kept from

@@ -1,18 +1,15 @@
 #include "pages/ToneEditorPageView.h"
 
-#include "PageScaffold.h"
 #include "controls/ADSRGraphView.h"
 #include "controls/NumberSlider.h"
-#include "controls/PreviewPatchListView.h"
 #include "controls/SliderNumberField.h"
 #include "controls/TickSnappingSlider.h"
 #include "controls/ToneKeyboardNSView.h"
 #include "controls/ValidatedTextField.h"
 #include "controls/WaveformGraphView.h"
-#include "tests/app/support/PluggedRuntime.h"
-#include "tests/app/support/RecordingDialogs.h"
+#include "tests/app/support/ToneEditorPageTest.h"
+#include "tests/app/support/WaveFile.h"
 #include "tests/app/support/Wheel.h"
-#include "tests/support/Bytes.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -24,62 +21,19 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedWidget>
-#include <QTabBar>
-#include <QTest>
+#include <QTemporaryDir>
 #include <QToolButton>
-
-#include <gmock/gmock.h>
-#include <stdexcept>
 
 namespace orvim {
 namespace {
 
 using test::bytes;
-using test::PluggedRuntime;
-using test::RecordingDialogs;
 using tonavelle::Batch;
 using ID = tonavelle::ToneParameterID;
 
-class ToneEditorPageViewTest : public testing::Test
+class ToneEditorPageViewTest : public test::ToneEditorPageTest
 {
 protected:
-    void SetUp() override
-    {
-        page = new ToneEditorPageView(plugged.runtime, dialogs);
-        page->fillHeader(scaffold.header());
-        scaffold.setContent(page);
-        scaffold.resize(1000, 900);
-        scaffold.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&scaffold));
-    }
-
-    /// The control of that name on the tab in view.
-    template <typename Control>
-    Control& control(const char* name)
-    {
-        for (auto* const found : scaffold.findChildren<Control*>(QString::fromUtf8(name)))
-            if (found->isVisible()) return *found;
-        throw std::runtime_error(name);
-    }
-
-    QTabBar& tabs() { return *scaffold.findChild<QTabBar*>(QStringLiteral("toneTabs")); }
-
-    void open(ToneEditorTab tab)
-    {
-        const QPoint middle = tabs().tabRect(static_cast<int>(tab)).center();
-        QTest::mouseClick(&tabs(), Qt::LeftButton, {}, middle);
-        settle();
-        plugged.system.forgetSent();
-    }
-
-    static void settle()
-    {
-        QCoreApplication::processEvents();
-        QCoreApplication::processEvents();
-    }
-
-    PreviewPatchListView& list(const char* name) { return control<PreviewPatchListView>(name); }
-
     QAction* menuAction(const QString& text)
     {
         for (auto* const menu : scaffold.findChildren<QMenu*>())
@@ -88,13 +42,6 @@ protected:
         ADD_FAILURE() << text.toStdString();
         return nullptr;
     }
-
-    const ToneEditorState& state() const { return page->actions().state(); }
-
-    PluggedRuntime plugged;
-    RecordingDialogs dialogs;
-    PageScaffold scaffold{EditorPage::toneEditor};
-    ToneEditorPageView* page = nullptr;
 };
 
 TEST_F(ToneEditorPageViewTest, TabsAreBuiltWhenFirstOpenedAndKept)
@@ -329,33 +276,13 @@ TEST_F(ToneEditorPageViewTest, TheFormulaHelpOpensAndClosesWithEscape)
 
 TEST_F(ToneEditorPageViewTest, ImportingAWaveformBuildsItsTab)
 {
-    page->actions().model.change(ToneEditorPart::tab,
-                                 [](ToneEditorState& state) { state.loadedToneTabs.insert(ToneEditorTab::userWave); });
+    const QTemporaryDir folder;
+    dialogs.pathToOpen = folder.filePath(QStringLiteral("wave.wav"));
+    test::writeFile(*dialogs.pathToOpen, test::waveFile(std::vector<std::int16_t>(2'048, 7)));
+    menuAction(QStringLiteral("ユーザー波形のインポート"))->trigger();
+    EXPECT_EQ(state().userWave()[100], 7);
     EXPECT_EQ(scaffold.findChildren<PreviewPatchListView*>().size(), 1);
     EXPECT_EQ(tabs().currentIndex(), 0);
-}
-
-TEST_F(ToneEditorPageViewTest, TheMenusOfferWhatTheToolbarDoesAndMore)
-{
-    for (const char* const text : {"新規作成", "開く", "保存", "ユーザー波形のインポート", "ユーザー波形のエクスポート",
-                                   "全音色データ送信", "ユーザー波形 1 送信", "ユーザー波形 4 送信"})
-        EXPECT_NE(menuAction(QString::fromUtf8(text)), nullptr);
-    menuAction(QStringLiteral("ユーザー波形 2 送信"))->trigger();
-    EXPECT_EQ(plugged.sent().size(), 128U);
-    EXPECT_EQ(state().selectedUserWave, 1);
-}
-
-TEST_F(ToneEditorPageViewTest, TheSettingsMenuTogglesWhatIsWritten)
-{
-    QAction* const melody = menuAction(QStringLiteral("編集箇所のみ書き出し（ユーザー楽器）"));
-    EXPECT_TRUE(melody->isChecked());
-    EXPECT_EQ(melody->toolTip(), QStringLiteral("MIDIファイル生成時、ユーザー楽器をデフォルトから変更された番号だけ書き"
-                                                "出します。OFFの場合は128個すべてを書き出します。"));
-    melody->trigger();
-    EXPECT_FALSE(state().dirtyOnly.writesDirtyUserMelodyOnly);
-    EXPECT_TRUE(state().dirtyOnly.writesDirtyUserDrumOnly);
-    menuAction(QStringLiteral("編集箇所のみ書き出し（ユーザー波形）"))->trigger();
-    EXPECT_FALSE(state().dirtyOnly.writesDirtyUserWaveOnly);
 }
 
 TEST_F(ToneEditorPageViewTest, ShortcutsAnswerOnlyWhileThePageIsInView)
@@ -372,7 +299,9 @@ TEST_F(ToneEditorPageViewTest, ShortcutsAnswerOnlyWhileThePageIsInView)
     QTest::keyClick(&pages, Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(dialogs.proposedNames.size(), 1);
     pages.setCurrentIndex(1);
-    QTest::keyClick(&pages, Qt::Key_S, Qt::ControlModifier);
+    for (const Qt::Key key : {Qt::Key_N, Qt::Key_O, Qt::Key_S})
+        QTest::keyClick(&pages, key, Qt::ControlModifier);
+    EXPECT_EQ(dialogs.questions.size(), 2);
     EXPECT_EQ(dialogs.proposedNames.size(), 1);
     scaffold.setParent(nullptr);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pages/ToneEditorActions.h"
+#include "tests/app/support/LogLabels.h"
 #include "tests/app/support/PluggedRuntime.h"
 #include "tests/app/support/RecordingDialogs.h"
 #include "tests/support/Bytes.h"
@@ -34,13 +35,7 @@ protected:
 
     QString status() const { return plugged.runtime.midiOutManager().statusMessage(); }
     /// The labels of the log's entries, in order.
-    QStringList labels() const
-    {
-        QStringList result;
-        for (const QString& line : plugged.log().split(QLatin1Char('\n')))
-            if (line.startsWith(QStringLiteral(" ["))) result << line.mid(2, line.size() - 3);
-        return result;
-    }
+    QStringList labels() const { return logLabels(plugged.log()); }
 
     void forget()
     {
