@@ -186,10 +186,12 @@ void MIDIOutManager::sendInTurn(NormalSend send)
 
 void MIDIOutManager::sendAndReport(const NormalSend& send)
 {
+    if (m_isQuitting) return;
     const auto route = routeOrReport();
     if (!route) return;
     m_lastLabels[route->endpoint] = send.label;
     const auto status = sendPackets(m_system, route->port, route->endpoint, send.messages, MIDILane::normal);
+    m_isQuitting = status == midiSendCancelled;
     if (status != 0) return reportSendFailure(send.label, status);
     appendSendEntry(send);
     setStatus(send.label + QStringLiteral(" を送信しました。"), false);

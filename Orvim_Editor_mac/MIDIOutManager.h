@@ -59,6 +59,9 @@ public:
     void send(const tonavelle::Message& message, const QString& label);
     /// The same for a batch under one label; stops at the first message that fails. An empty batch does nothing.
     void send(const tonavelle::Batch& messages, const QString& label);
+    /// Whether a send was given up because the application quits. From then on `send` does nothing: what found room
+    /// again would reach the module without what was to go before it.
+    bool isQuitting() const { return m_isQuitting; }
     /// Sends play gestures in their order, ahead of what waits, without a trace unless it fails. Never waits.
     void sendRealtime(const tonavelle::Batch& messages);
     /// As `sendRealtime`, at once on the calling thread.
@@ -111,6 +114,7 @@ private:
     std::optional<double> m_progressFraction;
     MIDIClientRef m_client = 0;
     MIDIPortRef m_outputPort = 0;
+    bool m_isQuitting = false;
     std::deque<NormalSend> m_pendingSends; ///< the one being sent, and those made while it waits for room
     /// Of the last normal send to each destination, for a failure that comes after it was answered.
     std::map<MIDIEndpointRef, QString> m_lastLabels;

@@ -160,7 +160,7 @@ MIDIStatus ALSAMIDISystem::send(MIDIPortRef port, MIDIEndpointRef endpoint, std:
         if (!worker) return -ENODEV;
         lock.unlock();
 
-        if (lane == MIDILane::normal && !waitForRoom(*worker)) return -ECANCELED;
+        if (lane == MIDILane::normal && !waitForRoom(*worker)) return midiSendCancelled;
         const std::optional<MIDIStatus> status = worker->send(message, lane);
 
         lock.lock();

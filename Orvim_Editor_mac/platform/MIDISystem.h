@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -13,6 +14,9 @@ using MIDIClientRef = std::uint32_t;   ///< 0: none
 using MIDIPortRef = std::uint32_t;     ///< 0: none
 using MIDIEndpointRef = std::uint32_t; ///< 0: none; a handle is never used again for another or a replugged device
 using MIDIStatus = std::int32_t;       ///< 0: done; anything else is the code that the user reads
+
+/// The answer of a normal send that waited for room when the application was told to quit.
+inline constexpr MIDIStatus midiSendCancelled = -ECANCELED;
 
 /// Which of a destination's two queues a message waits in. A realtime message goes ahead of every waiting normal one,
 /// but never into the middle of one.

@@ -321,6 +321,30 @@ TEST_F(MIDIOutManagerTest, ASendMadeWhileAFailingOneWaitsHasItsTurnAsWell)
     expectNormal(QStringLiteral("Next を送信しました。"));
 }
 
+TEST_F(MIDIOutManagerTest, AfterASendGivenUpAtTheEndOfTheApplicationOnlyGesturesGoOut)
+{
+    auto& out = plugged({"Tonavelle_mini"});
+    system.failAfterMessages(1, midiSendCancelled);
+    out.send({bytes("B0 63 07"), bytes("B0 62 0A")}, QStringLiteral("batch"));
+    EXPECT_TRUE(out.isQuitting());
+    // Room that is found again takes nothing that has lost its beginning.
+    system.failAfterMessages(10, 0);
+    out.send(bytes("B0 06 63"), QStringLiteral("rest"));
+    out.sendRealtimeNow({bytes("80 3C 00")});
+    EXPECT_EQ(system.sentMessages(), (tonavelle::Batch{bytes("B0 63 07"), bytes("80 3C 00")}));
+    EXPECT_EQ(store.text().count(QStringLiteral("エラー: ")), 1);
+}
+
+TEST_F(MIDIOutManagerTest, AnyOtherFailureLetsTheNextSendTryAgain)
+{
+    auto& out = plugged({"Tonavelle_mini"});
+    system.failAfterMessages(0, -110);
+    out.send(bytes("B0 07 01"), QStringLiteral("x"));
+    EXPECT_FALSE(out.isQuitting());
+    out.send(bytes("B0 07 02"), QStringLiteral("x"));
+    EXPECT_EQ(system.attempted().size(), 2U);
+}
+
 TEST_F(MIDIOutManagerTest, WithoutAClientThePortIsNotAttemptedAndSendsSayItIsNotInitialised)
 {
     system.clientStatus = -2;
