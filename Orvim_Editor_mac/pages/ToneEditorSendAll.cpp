@@ -5,10 +5,12 @@
 #include "core/protocol/SysExBuilder.h"
 #include "core/tone/ToneEditorBuilder.h"
 #include "core/tone/ToneUserMessages.h"
+#include "pages/Report.h"
 #include "pages/ToneChannelName.h"
 #include "pages/ToneEditorModel.h"
 #include "pages/ToneEditorPreviews.h"
 
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 #include <optional>
@@ -75,22 +77,36 @@ void ToneEditorSendAll::sendAll()
     if (m_isSending) return;
     const QScopedValueRollback sending(m_isSending, true);
     const ToneInstrument instrument = m_model.state().instrument;
+    if (!send(instrument)) return report(m_midiOutManager, QStringLiteral("全音色データ送信を中断しました。"));
+    m_model.change(ToneEditorPart::userWave,
+                   [&](ToneEditorState& state) { state.sentUserWaveforms = instrument.userWaveforms; });
+    m_previews.installOpenTab();
+}
+
+bool ToneEditorSendAll::send(const ToneInstrument& instrument)
+{
+    const auto end = qScopeGuard([this] { m_midiOutManager.setProgressFraction(std::nullopt); });
+    const auto destination = m_midiOutManager.selectedDestinationID();
     const std::vector<Entry> entries = entriesOf(instrument);
     const Message reset = SysExBuilder::tonavelleReset();
     std::size_t sent = 0;
     for (const Entry& entry : entries) {
         m_midiOutManager.setProgressFraction(static_cast<double>(++sent) / static_cast<double>(entries.size()));
         m_midiOutManager.send(entry.message, labelOf(entry));
+        if (!goesOnTo(destination)) return false;
         if (entry.message == reset) m_displaySimulator.resetForMessage(resetLabel);
         if (const auto channel = entry.selectedChannel) {
             const auto& parameters = instrument.channels[static_cast<std::size_t>(*channel)];
             showChannelName(m_displaySimulator, *channel, parameters, instrument);
         }
     }
-    m_midiOutManager.setProgressFraction(std::nullopt);
-    m_model.change(ToneEditorPart::userWave,
-                   [&](ToneEditorState& state) { state.sentUserWaveforms = instrument.userWaveforms; });
-    m_previews.installOpenTab();
+    return true;
+}
+
+bool ToneEditorSendAll::goesOnTo(std::optional<MIDIEndpointRef> destination) const
+{
+    const auto selected = m_midiOutManager.selectedDestinationID();
+    return !m_midiOutManager.isQuitting() && (!selected || selected == destination);
 }
 
 } // namespace orvim

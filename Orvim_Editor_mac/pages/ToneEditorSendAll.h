@@ -1,5 +1,13 @@
 #pragma once
 
+#include "platform/MIDISystem.h"
+
+#include <optional>
+
+namespace tonavelle {
+struct ToneInstrument;
+}
+
 namespace orvim {
 
 class DisplaySimulatorState;
@@ -9,7 +17,8 @@ class ToneEditorPreviews;
 
 /// Sends everything that the editor holds, so that the module becomes what the editor believes it to be: some 3,000
 /// messages, each an entry of the log. What is sent is the state at the start, also where the window lives on while a
-/// slow output takes it.
+/// slow output takes it. It stops where another output is chosen meanwhile, which has nothing of what went before, and
+/// where the application quits; without any output it goes on, as every other send does.
 class ToneEditorSendAll
 {
 public:
@@ -19,6 +28,10 @@ public:
     void sendAll();
 
 private:
+    /// False: it had to stop.
+    bool send(const tonavelle::ToneInstrument& instrument);
+    bool goesOnTo(std::optional<MIDIEndpointRef> destination) const;
+
     ToneEditorModel& m_model;
     ToneEditorPreviews& m_previews;
     MIDIOutManager& m_midiOutManager;
