@@ -10,6 +10,7 @@
 
 #include <QFileInfo>
 
+#include <optional>
 #include <stdexcept>
 
 namespace orvim {
@@ -18,15 +19,28 @@ namespace UserWaveformBuilder = tonavelle::UserWaveformBuilder;
 
 namespace {
 
-/// Far above any tone data file and any short sound; beyond it the window would stand still while a file is read.
-constexpr qint64 largestFile = 8 * 1024 * 1024;
+/// Beyond these the window would stand still while a file is read. Far above any tone data file, and most of an hour
+/// of sound.
+constexpr qint64 largestToneDataFile = 8 * 1024 * 1024;
+constexpr qint64 largestSoundFile = 256 * 1024 * 1024;
 
 constexpr std::uint32_t wavSampleRate = 48'000;
 
-std::vector<std::uint8_t> readFile(const QString& path)
+std::vector<std::uint8_t> readFile(const QString& path, qint64 largest)
 {
-    if (QFileInfo(path).size() > largestFile) throw std::runtime_error("file too large");
+    if (QFileInfo(path).size() > largest) throw std::runtime_error("file too large");
     return readWholeFile(path);
+}
+
+/// What `make` gives, or nothing where it throws: whatever is wrong is told in the same words.
+template <typename Make>
+auto orNothing(Make make) -> std::optional<decltype(make())>
+{
+    try {
+        return make();
+    } catch (const std::exception&) {
+        return std::nullopt;
+    }
 }
 
 void setInstrument(ToneEditorState& state, tonavelle::ToneInstrument instrument)
@@ -65,19 +79,17 @@ void ToneEditorFileActions::open()
         return report(cancelled);
     const auto path = m_dialogs.openPath(FileKind::midi);
     if (!path) return report(cancelled);
-    try {
-        auto instrument = tonavelle::readToneDataFile(readFile(*path));
-        m_model.change(ToneEditorModel::everything, [&](ToneEditorState& state) {
-            setInstrument(state, std::move(instrument));
-            state.selectedUserWave = 0;
-            state.userWaveFormula.clear();
-            state.userWaveFormulaStatus.clear();
-            state.loadedToneTabs.insert(state.selectedToneTab);
-        });
-        m_model.limitSelections();
-    } catch (const std::exception&) {
-        return report(QStringLiteral("音色データMIDIを読み込めません。"));
-    }
+    auto instrument = orNothing([&] { return tonavelle::readToneDataFile(readFile(*path, largestToneDataFile)); });
+    if (!instrument) return report(QStringLiteral("音色データMIDIを読み込めません。"));
+    // The simulated screen keeps its list of channels: it shows what the module plays, and that has not changed yet.
+    m_model.change(ToneEditorModel::everything, [&](ToneEditorState& state) {
+        setInstrument(state, std::move(*instrument));
+        state.selectedUserWave = 0;
+        state.userWaveFormula.clear();
+        state.userWaveFormulaStatus.clear();
+        state.loadedToneTabs.insert(state.selectedToneTab);
+    });
+    m_model.limitSelections();
     report(QStringLiteral("音色データを読み込みました。"));
 }
 
@@ -86,7 +98,8 @@ void ToneEditorFileActions::save()
     const auto path = m_dialogs.savePath(QStringLiteral("tone_data.mid"), FileKind::midi);
     if (!path) return report(QStringLiteral("音色データ保存をキャンセルしました。"));
     const ToneEditorState& state = m_model.state();
-    const bool isWritten = writeWholeFile(*path, tonavelle::toneDataFile(state.instrument, state.dirtyOnly));
+    const auto bytes = orNothing([&] { return tonavelle::toneDataFile(state.instrument, state.dirtyOnly); });
+    const bool isWritten = bytes && writeWholeFile(*path, *bytes);
     report(isWritten ? QStringLiteral("音色データMIDIを書き出しました。")
                      : QStringLiteral("音色データMIDIを書き出せません。"));
 }
@@ -95,14 +108,12 @@ void ToneEditorFileActions::importWAV()
 {
     const auto path = m_dialogs.openPath(FileKind::wave);
     if (!path) return report(QStringLiteral("WAV読み込みをキャンセルしました。"));
-    try {
-        auto samples = UserWaveformBuilder::samplesFromWAVData(readFile(*path));
-        m_model.change(ToneEditorPart::userWave, [&](ToneEditorState& state) {
-            state.instrument.userWaveforms[static_cast<std::size_t>(state.selectedUserWave)] = std::move(samples);
-        });
-    } catch (const std::exception&) {
-        return report(QStringLiteral("WAV読み込みに失敗しました。"));
-    }
+    auto samples =
+        orNothing([&] { return UserWaveformBuilder::samplesFromWAVData(readFile(*path, largestSoundFile)); });
+    if (!samples) return report(QStringLiteral("WAV読み込みに失敗しました。"));
+    m_model.change(ToneEditorPart::userWave, [&](ToneEditorState& state) {
+        state.instrument.userWaveforms[static_cast<std::size_t>(state.selectedUserWave)] = std::move(*samples);
+    });
     loadUserWaveTab();
     report(QStringLiteral("User Wave %1 にWAVを読み込みました。").arg(m_model.state().selectedUserWave + 1));
 }
@@ -112,8 +123,9 @@ void ToneEditorFileActions::exportWAV()
     const int number = m_model.state().selectedUserWave + 1;
     const auto path = m_dialogs.savePath(QStringLiteral("UserWave%1.wav").arg(number), FileKind::wave);
     if (!path) return report(QStringLiteral("WAV保存をキャンセルしました。"));
-    if (!writeWholeFile(*path, UserWaveformBuilder::wavData(m_model.state().userWave(), wavSampleRate)))
-        return report(QStringLiteral("WAV保存に失敗しました。"));
+    const auto bytes =
+        orNothing([&] { return UserWaveformBuilder::wavData(m_model.state().userWave(), wavSampleRate); });
+    if (!bytes || !writeWholeFile(*path, *bytes)) return report(QStringLiteral("WAV保存に失敗しました。"));
     loadUserWaveTab();
     report(QStringLiteral("User Wave %1 をWAV保存しました。").arg(number));
 }
