@@ -96,7 +96,8 @@ bool NativeDialogs::askYesNo(const QString& question)
     QMessageBox box(QMessageBox::Question, QString(), question, QMessageBox::NoButton, QApplication::activeWindow());
     QPushButton* const yes = box.addButton(QStringLiteral("はい"), QMessageBox::YesRole);
     QPushButton* const no = box.addButton(QStringLiteral("いいえ"), QMessageBox::NoRole);
-    box.setDefaultButton(yes);
+    // Every question of the editor is about losing something, so that Return alone does not.
+    box.setDefaultButton(no);
     box.setEscapeButton(no);
     box.exec();
     return box.clickedButton() == yes;

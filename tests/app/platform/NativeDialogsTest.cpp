@@ -1,5 +1,10 @@
 #include "platform/NativeDialogs.h"
 
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
 #include <gtest/gtest.h>
 
 namespace orvim {
@@ -46,6 +51,30 @@ TEST(WithExtension, APathThatOnlyLooksLikeAPortalsGetsIt)
                              "/run/user/1000/x/doc/screen", "/run/user/doc/screen"})
         EXPECT_EQ(withExtension(QString::fromUtf8(path), FileKind::png),
                   QString::fromUtf8(path) + QStringLiteral(".png"));
+}
+
+/// What `askYesNo` answers when the key is pressed in its window.
+bool answerTo(Qt::Key key)
+{
+    NativeDialogs dialogs;
+    QTimer::singleShot(0, [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
+    return dialogs.askYesNo(QStringLiteral("?"));
+}
+
+TEST(NativeDialogs, ReturnAndEscapeAloneLoseNothing)
+{
+    EXPECT_FALSE(answerTo(Qt::Key_Return));
+    EXPECT_FALSE(answerTo(Qt::Key_Escape));
+}
+
+TEST(NativeDialogs, YesIsChosenWithTheMouse)
+{
+    NativeDialogs dialogs;
+    QTimer::singleShot(0, [] {
+        for (auto* const button : QApplication::activeModalWidget()->findChildren<QPushButton*>())
+            if (button->text() == QStringLiteral("はい")) return QTest::mouseClick(button, Qt::LeftButton);
+    });
+    EXPECT_TRUE(dialogs.askYesNo(QStringLiteral("?")));
 }
 
 } // namespace
