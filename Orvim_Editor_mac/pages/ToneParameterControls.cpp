@@ -43,12 +43,6 @@ QStringList choiceTitles(const ToneParameter& parameter)
     return titles;
 }
 
-/// Choices of a sound stand in a menu, those of a channel or of the effects side by side.
-bool isChosenFromMenu(const ToneParameter& parameter)
-{
-    return parameter.patchOffset != 0;
-}
-
 } // namespace
 
 QString fromCore(std::string_view text)
@@ -89,11 +83,12 @@ QGroupBox* ToneParameterControls::addGroup(ToneControlGroup group)
 
 void ToneParameterControls::addControl(QGroupBox& box, const ToneParameter& parameter)
 {
+    const bool isChosenFromMenu = parameter.choiceControl == tonavelle::ToneChoiceControl::menu;
     const bool isToggle = std::holds_alternative<bool tonavelle::ChannelToneValues::*>(parameter.field);
-    QWidget* const control = isToggle                      ? makeToggle(parameter)
-                             : parameter.choices.empty()   ? makeSlider(parameter)
-                             : isChosenFromMenu(parameter) ? makeMenu(parameter)
-                                                           : makeButtons(parameter);
+    QWidget* const control = isToggle                    ? makeToggle(parameter)
+                             : parameter.choices.empty() ? makeSlider(parameter)
+                             : isChosenFromMenu          ? makeMenu(parameter)
+                                                         : makeButtons(parameter);
     addControlRow(box, fromCore(parameter.caption()), control);
 }
 

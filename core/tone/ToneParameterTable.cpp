@@ -70,7 +70,7 @@ constexpr std::array<ToneParameter, 39> rows{{
     {ID::fineTuning,        "Fine Tuning",         signedFourteenBits, 8192, Group::pitch,      rpnFourteenBit(1),    0, &C::fineTuning},
     {ID::coarseTuning,      "Coarse Tuning",       signedSevenBits,    64, Group::pitch,        rpn(2),               0, &C::coarseTuning},
 
-    {ID::waveType,          "Wave Type",           {0, 11},             0, Group::oscillators,  nrpn(2, 0),          11, &C::waveType, waveTypeNames},
+    {ID::waveType,          "Wave Type",           {0, 11},             0, Group::oscillators,  nrpn(2, 0),          11, &C::waveType, waveTypeNames, {}, ToneChoiceControl::menu},
     {ID::waveNumber,        "Wave Num",            {0, 12},             0, Group::oscillators,  nrpn(2, 1),          12, &C::waveNumber},
     {ID::ringModMultiply,   "Ringmod Multiply",    sevenBits,           0, Group::oscillators,  nrpn(3, 0),          13, &C::ringModMultiply},
     {ID::ringModGain,       "Ringmod Gain",        sevenBits,           0, Group::oscillators,  nrpn(3, 1),          14, &C::ringModGain},
@@ -80,7 +80,7 @@ constexpr std::array<ToneParameter, 39> rows{{
     {ID::sustainRate,       "Sustain Rate",        sevenBits,           0, Group::envelope,     nrpn(6, 0),          20, &C::sustainRate},
     {ID::release,           "Release Time",        sevenBits,           0, Group::envelope,     controller(72),      21, &C::release},
     {ID::isReleaseActive,   "Release Active",      {0, 1},              0, Group::envelope,     nrpn(6, 10),         10, &C::isReleaseActive},
-    {ID::sweepType,         "Sweep Type",          {0, 2},              0, Group::sweep,        nrpn(4, 0),          15, &C::sweepType, sweepTypeNames},
+    {ID::sweepType,         "Sweep Type",          {0, 2},              0, Group::sweep,        nrpn(4, 0),          15, &C::sweepType, sweepTypeNames, {}, ToneChoiceControl::menu},
     {ID::sweepSpeed,        "Sweep Speed",         sevenBits,           0, Group::sweep,        nrpn(4, 1),          16, &C::sweepSpeed},
     {ID::outputGain,        "Output Gain",         sevenBits,           0, Group::loudness,     nrpn(2, 2),          23, &C::outputGain},
 }};

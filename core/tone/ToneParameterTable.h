@@ -104,6 +104,9 @@ using ToneField = std::variant<std::uint8_t MasterToneValues::*, std::uint8_t Ch
                                int ChannelToneValues::*, bool ChannelToneValues::*,
                                ToneDrumTrackSetting ChannelToneValues::*, ToneBankKind ChannelToneValues::*>;
 
+/// How a value is chosen from names: side by side, or from a list that opens.
+enum class ToneChoiceControl : std::uint8_t { buttons, menu };
+
 /// All that is known of one tone parameter.
 struct ToneParameter {
     ToneParameterID id;
@@ -116,6 +119,7 @@ struct ToneParameter {
     ToneField field;
     std::span<const std::string_view> choices = {};    ///< the names of its values where it is chosen by name
     std::optional<std::string_view> controlLabel = {}; ///< where the control is named otherwise than the send
+    ToneChoiceControl choiceControl = ToneChoiceControl::buttons; ///< where it is chosen by name
 
     std::string_view caption() const { return controlLabel.value_or(label); }
 };
