@@ -28,6 +28,7 @@ constexpr std::array<List, 4> lists{{
 void ToneEditorModel::select(int ToneEditorState::*selection, int row)
 {
     const auto list = std::ranges::find(lists, selection, &List::selection);
+    Q_ASSERT(list != lists.end());
     const int last = static_cast<int>(list->count(m_state.instrument)) - 1;
     change(list->part, [&](ToneEditorState& state) { state.*selection = std::clamp(row, 0, last); });
 }

@@ -45,7 +45,10 @@ public:
     /// Brings every selection back into its list.
     void limitSelections();
 
-    static constexpr ToneEditorParts everything{511};
+    static constexpr ToneEditorParts everything = ToneEditorPart::master | ToneEditorPart::channel |
+                                                  ToneEditorPart::userMelody | ToneEditorPart::userDrum |
+                                                  ToneEditorPart::userWave | ToneEditorPart::names |
+                                                  ToneEditorPart::tab | ToneEditorPart::options | ToneEditorPart::help;
 
 Q_SIGNALS:
     void changed(orvim::ToneEditorParts parts);

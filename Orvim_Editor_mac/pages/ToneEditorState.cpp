@@ -8,6 +8,13 @@ constexpr std::array<const char*, allToneEditorTabs.size()> tabCaptions{
     "マスター設定", "チャンネル設定", "ユーザー楽器", "ユーザードラム", "ユーザー波形",
 };
 
+template <typename Record>
+const Record& selected(const std::vector<Record>& list, int row)
+{
+    Q_ASSERT(row >= 0 && static_cast<std::size_t>(row) < list.size());
+    return list[static_cast<std::size_t>(row)];
+}
+
 } // namespace
 
 QString caption(ToneEditorTab tab)
@@ -17,27 +24,27 @@ QString caption(ToneEditorTab tab)
 
 const tonavelle::ChannelToneParameters& ToneEditorState::channel() const
 {
-    return instrument.channels[static_cast<std::size_t>(selectedChannel)];
+    return selected(instrument.channels, selectedChannel);
 }
 
 const tonavelle::UserTonePatch& ToneEditorState::userMelody() const
 {
-    return instrument.userMelodies[static_cast<std::size_t>(selectedUserMelody)];
+    return selected(instrument.userMelodies, selectedUserMelody);
 }
 
 const tonavelle::UserTonePatch& ToneEditorState::userDrum() const
 {
-    return instrument.userDrums[static_cast<std::size_t>(selectedUserDrum)];
+    return selected(instrument.userDrums, selectedUserDrum);
 }
 
 const tonavelle::UserWaveform& ToneEditorState::userWave() const
 {
-    return instrument.userWaveforms[static_cast<std::size_t>(selectedUserWave)];
+    return selected(instrument.userWaveforms, selectedUserWave);
 }
 
 bool ToneEditorState::isUserWaveUnsent() const
 {
-    return userWave() != sentUserWaveforms[static_cast<std::size_t>(selectedUserWave)];
+    return userWave() != selected(sentUserWaveforms, selectedUserWave);
 }
 
 int ToneEditorState::keyboardChannel() const
