@@ -24,7 +24,7 @@ using tonavelle::ToneParameterID;
 
 namespace {
 
-constexpr int listWidth = 92;
+constexpr int besideChannelName = 48; ///< the row's margins and the scroll bar
 constexpr int shownPrograms = 20;
 
 QStringList channelNames()
@@ -68,8 +68,9 @@ ChannelTabView::ChannelTabView(ToneEditorActions& actions, QWidget* parent)
 
 void ChannelTabView::makeList()
 {
-    m_list->setFixedWidth(listWidth);
-    m_list->setItems(channelNames());
+    const QStringList names = channelNames();
+    m_list->setFixedWidth(m_list->fontMetrics().horizontalAdvance(names.back()) + besideChannelName);
+    m_list->setItems(names);
     connect(m_list, &PreviewPatchListView::rowSelected, this,
             [this](int row) { actions().channels.selectChannel(row); });
     connect(m_list, &PreviewPatchListView::rowPressed, this, [this](int row) { actions().previews.pressChannel(row); });

@@ -4,6 +4,8 @@
 #include "pages/ToneVoiceControls.h"
 
 class QComboBox;
+class QGroupBox;
+class QLabel;
 
 namespace orvim {
 

@@ -5,8 +5,6 @@
 #include <QWidget>
 
 class QBoxLayout;
-class QGroupBox;
-class QLabel;
 
 namespace orvim {
 

@@ -2,6 +2,8 @@
 
 #include "pages/ToneEditorTabView.h"
 
+class QGroupBox;
+class QLabel;
 class QToolButton;
 
 namespace orvim {
