@@ -1,5 +1,6 @@
 #include "LogWindowView.h"
 #include "controls/ADSRGraphView.h"
+#include "controls/TickSnappingSlider.h"
 #include "controls/WaveformGraphView.h"
 #include "pages/ToneEditorPageView.h"
 #include "tests/app/support/PluggedRuntime.h"
@@ -15,8 +16,6 @@
 
 namespace orvim {
 namespace {
-
-using tonavelle::ToneParameterID;
 
 struct Page {
     Page()
@@ -73,11 +72,12 @@ void sliderStep(benchmark::State& state)
 {
     Page page;
     page.open(ToneEditorTab::channel);
+    auto& slider = *page.view.findChild<TickSnappingSlider*>(QStringLiteral("Attack Time"));
     std::vector<double> microseconds;
-    double value = 0;
+    double value = 1;
     for (auto _ : state) {
         const auto begin = std::chrono::steady_clock::now();
-        page.view.actions().channels.setChannel(ToneParameterID::attack, value);
+        slider.choose(value);
         const std::chrono::duration<double, std::micro> took = std::chrono::steady_clock::now() - begin;
         microseconds.push_back(took.count());
         state.SetIterationTime(took.count() / 1e6);
