@@ -1,7 +1,5 @@
 #include "controls/PreviewPatchListView.h"
 
-#include "controls/PaletteColors.h"
-
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,6 +7,7 @@
 #include <QStringListModel>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
 #include <utility>
 
 namespace orvim {
@@ -16,6 +15,8 @@ namespace orvim {
 namespace {
 
 constexpr int usualWidth = 210;
+constexpr int leastRowHeight = 24;
+constexpr int rowPadding = 8; ///< above and below the text of a row, together
 constexpr int markWidth = 4;
 
 /// Rows of one height; the held one carries a mark and a tint.
@@ -24,10 +25,7 @@ class RowDelegate : public QStyledItemDelegate
 public:
     explicit RowDelegate(PreviewPatchListView& list) : QStyledItemDelegate(&list), m_list(list) {}
 
-    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override
-    {
-        return {1, PreviewPatchListView::rowHeight};
-    }
+    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override { return {1, m_list.rowHeight()}; }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
@@ -36,7 +34,8 @@ public:
         row.state |= QStyle::State_Active;
         QStyledItemDelegate::paint(painter, row, index);
         if (m_list.pressedIndex() != index.row()) return;
-        const QColor mark = m_list.palette().color(QPalette::HighlightedText);
+        const bool isSelected = row.state & QStyle::State_Selected;
+        const QColor mark = m_list.palette().color(isSelected ? QPalette::HighlightedText : QPalette::Highlight);
         painter->fillRect(QRect(row.rect.topLeft(), QSize(markWidth, row.rect.height())), mark);
         QColor tint = mark;
         tint.setAlphaF(0.18F);
@@ -88,25 +87,41 @@ int PreviewPatchListView::selectedIndex() const
 void PreviewPatchListView::setSelectedIndex(int index)
 {
     const QModelIndex row = m_items->index(index);
-    if (!row.isValid() || row == currentIndex()) return;
+    if (!row.isValid() || (row == currentIndex() && selectionModel()->isSelected(row))) return;
     const QScopedValueRollback following(m_isFollowing, true);
     setCurrentIndex(row);
     scrollTo(row);
 }
 
+int PreviewPatchListView::rowHeight() const
+{
+    return std::max(leastRowHeight, fontMetrics().height() + rowPadding);
+}
+
 QSize PreviewPatchListView::sizeHint() const
 {
-    return {usualWidth, rowHeight * 8};
+    return {usualWidth, rowHeight() * 8};
+}
+
+QItemSelectionModel::SelectionFlags PreviewPatchListView::selectionCommand(const QModelIndex& index,
+                                                                           const QEvent*) const
+{
+    // One row is always the marked one; a modifier key takes no mark away.
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }
 
 void PreviewPatchListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QListView::currentChanged(current, previous);
-    if (!m_isFollowing && current.isValid()) Q_EMIT rowSelected(current.row());
+    if (m_isFollowing || !current.isValid()) return;
+    Q_EMIT rowSelected(current.row());
+    if (!m_isInPress) Q_EMIT rowReached(current.row());
 }
 
-void PreviewPatchListView::hold(int index)
+void PreviewPatchListView::hold(int index, Hand hand)
 {
+    letGo();
+    m_hand = hand;
     m_pressedIndex = index;
     viewport()->update();
     Q_EMIT rowPressed(index);
@@ -119,12 +134,20 @@ void PreviewPatchListView::letGo()
     Q_EMIT rowReleased();
 }
 
+void PreviewPatchListView::letGo(Hand hand)
+{
+    if (hand == m_hand) letGo();
+}
+
 void PreviewPatchListView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) return;
-    QListView::mousePressEvent(event);
+    {
+        const QScopedValueRollback pressing(m_isInPress, true);
+        QListView::mousePressEvent(event);
+    }
     const QModelIndex index = indexAt(event->position().toPoint());
-    if (index.isValid()) hold(index.row());
+    if (index.isValid()) hold(index.row(), Hand::pointer);
 }
 
 void PreviewPatchListView::mouseMoveEvent(QMouseEvent*)
@@ -135,7 +158,7 @@ void PreviewPatchListView::mouseMoveEvent(QMouseEvent*)
 void PreviewPatchListView::mouseReleaseEvent(QMouseEvent* event)
 {
     QListView::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton) letGo();
+    if (event->button() == Qt::LeftButton) letGo(Hand::pointer);
 }
 
 void PreviewPatchListView::mouseDoubleClickEvent(QMouseEvent* event)
@@ -147,13 +170,13 @@ void PreviewPatchListView::mouseDoubleClickEvent(QMouseEvent* event)
 void PreviewPatchListView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() != Qt::Key_Space) return QListView::keyPressEvent(event);
-    if (!event->isAutoRepeat() && !m_pressedIndex && currentIndex().isValid()) hold(selectedIndex());
+    if (!event->isAutoRepeat() && !m_pressedIndex && currentIndex().isValid()) hold(selectedIndex(), Hand::key);
 }
 
 void PreviewPatchListView::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->key() != Qt::Key_Space) return QListView::keyReleaseEvent(event);
-    if (!event->isAutoRepeat()) letGo();
+    if (!event->isAutoRepeat()) letGo(Hand::key);
 }
 
 void PreviewPatchListView::focusOutEvent(QFocusEvent* event)
@@ -166,6 +189,13 @@ void PreviewPatchListView::hideEvent(QHideEvent* event)
 {
     QListView::hideEvent(event);
     letGo();
+}
+
+void PreviewPatchListView::resizeEvent(QResizeEvent* event)
+{
+    QListView::resizeEvent(event);
+    // What the controls beside the list edit stays in sight in a lower window.
+    scrollTo(currentIndex());
 }
 
 } // namespace orvim

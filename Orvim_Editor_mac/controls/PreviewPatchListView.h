@@ -17,8 +17,6 @@ class PreviewPatchListView : public QListView
 public:
     explicit PreviewPatchListView(QWidget* parent = nullptr);
 
-    static constexpr int rowHeight = 24;
-
     QStringList items() const;
     /// Rows that stay the same keep their place; the selection is kept.
     void setItems(const QStringList& items);
@@ -27,11 +25,16 @@ public:
     void setSelectedIndex(int index);
     std::optional<int> pressedIndex() const { return m_pressedIndex; }
 
+    /// In pixels; follows the font.
+    int rowHeight() const;
+
     QSize sizeHint() const override;
 
 Q_SIGNALS:
     /// The user has chosen a row.
     void rowSelected(int index);
+    /// The row was chosen without being held, as the arrow keys do. Follows `rowSelected`.
+    void rowReached(int index);
     /// A row is held, and has been let go.
     void rowPressed(int index);
     void rowReleased();
@@ -45,15 +48,24 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event = nullptr) const override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
-    void hold(int index);
+    /// What holds a row: each lets go of its own alone.
+    enum class Hand { pointer, key };
+
+    void hold(int index, Hand hand);
     void letGo();
+    void letGo(Hand hand);
 
     QStringListModel* m_items = nullptr;
     std::optional<int> m_pressedIndex;
-    bool m_isFollowing = false; ///< the program moves the selection, nobody chooses
+    Hand m_hand = Hand::pointer; ///< of the row that is held, or was last
+    bool m_isInPress = false;    ///< the pointer chooses a row that it is about to hold
+    bool m_isFollowing = false;  ///< the program moves the selection, nobody chooses
 };
 
 } // namespace orvim

@@ -24,6 +24,7 @@ protected:
         list->setItems(rows);
         list->setSelectedIndex(0);
         QObject::connect(list, &PreviewPatchListView::rowSelected, list, [this](int row) { note("select", row); });
+        QObject::connect(list, &PreviewPatchListView::rowReached, list, [this](int row) { note("reach", row); });
         QObject::connect(list, &PreviewPatchListView::rowPressed, list, [this](int row) { note("press", row); });
         QObject::connect(list, &PreviewPatchListView::rowReleased, list, [this] { told.emplace_back("release"); });
         auto* const layout = new QVBoxLayout(&window);
@@ -54,6 +55,26 @@ TEST_F(PreviewPatchListViewTest, APressChoosesTheRowAndHoldsItUntilTheRelease)
     EXPECT_EQ(list->pressedIndex(), std::nullopt);
 }
 
+TEST_F(PreviewPatchListViewTest, AClickWithAModifierKeyKeepsTheMark)
+{
+    for (const auto modifier : {Qt::ControlModifier, Qt::ControlModifier, Qt::ShiftModifier}) {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, modifier, middleOf(3));
+        EXPECT_TRUE(list->selectionModel()->isSelected(list->model()->index(3, 0)));
+        EXPECT_EQ(list->selectionModel()->selectedIndexes().size(), 1);
+    }
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_TRUE(list->selectionModel()->isSelected(list->model()->index(list->selectedIndex(), 0)));
+}
+
+TEST_F(PreviewPatchListViewTest, TheProgramMarksAgainARowThatLostItsMark)
+{
+    list->setSelectedIndex(7);
+    list->clearSelection();
+    list->setSelectedIndex(7);
+    EXPECT_TRUE(list->selectionModel()->isSelected(list->model()->index(7, 0)));
+}
+
 TEST_F(PreviewPatchListViewTest, ADragOverOtherRowsKeepsTheFirst)
 {
     pressRow(2);
@@ -70,7 +91,7 @@ TEST_F(PreviewPatchListViewTest, ArrowsChooseAndTheSpaceBarPlays)
     QTest::keyPress(list, Qt::Key_Space);
     EXPECT_EQ(list->pressedIndex(), 1);
     QTest::keyRelease(list, Qt::Key_Space);
-    EXPECT_THAT(told, ElementsAre("select 1", "press 1", "release"));
+    EXPECT_THAT(told, ElementsAre("select 1", "reach 1", "press 1", "release"));
 }
 
 TEST_F(PreviewPatchListViewTest, ASpaceBarHeldDownPlaysOnce)
@@ -84,6 +105,71 @@ TEST_F(PreviewPatchListViewTest, ASpaceBarHeldDownPlaysOnce)
     EXPECT_THAT(told, ElementsAre("press 0"));
     QTest::keyRelease(list, Qt::Key_Space);
     EXPECT_THAT(told, ElementsAre("press 0", "release"));
+}
+
+TEST_F(PreviewPatchListViewTest, ThePointerTakesOverFromTheSpaceBarWhoseReleaseThenDoesNothing)
+{
+    list->setSelectedIndex(2);
+    list->setFocus();
+    QTest::keyPress(list, Qt::Key_Space);
+    pressRow(5);
+    QTest::keyRelease(list, Qt::Key_Space);
+    EXPECT_EQ(list->pressedIndex(), 5);
+    EXPECT_THAT(told, ElementsAre("press 2", "select 5", "release", "press 5"));
+    releaseRow(5);
+    EXPECT_EQ(told.back(), "release");
+    EXPECT_EQ(list->pressedIndex(), std::nullopt);
+}
+
+TEST_F(PreviewPatchListViewTest, TheSpaceBarDoesNothingWhileThePointerHoldsARow)
+{
+    pressRow(5);
+    told.clear();
+    QTest::keyPress(list, Qt::Key_Space);
+    QTest::keyRelease(list, Qt::Key_Space);
+    EXPECT_THAT(told, IsEmpty());
+    EXPECT_EQ(list->pressedIndex(), 5);
+    releaseRow(5);
+}
+
+TEST_F(PreviewPatchListViewTest, TheHeldRowIsMarkedOnAnyThemeSelectedOrNot)
+{
+    list->setFocus();
+    for (const QColor& ground : {QColor(Qt::white), QColor(0x20, 0x20, 0x20)}) {
+        QPalette colors = list->palette();
+        colors.setColor(QPalette::Base, ground);
+        colors.setColor(QPalette::Highlight, QColor(0x1C, 0x71, 0xD8));
+        colors.setColor(QPalette::HighlightedText, Qt::white);
+        list->setPalette(colors);
+        list->setSelectedIndex(2);
+        QTest::keyPress(list, Qt::Key_Space);
+        const auto markColor = [this] { return list->viewport()->grab().toImage().pixelColor(1, middleOf(2).y()); };
+        EXPECT_EQ(markColor(), QColor(Qt::white));
+        QTest::keyClick(list, Qt::Key_Down);
+        ASSERT_EQ(list->pressedIndex(), 2);
+        // The tint of the same colour over the mark of that colour leaves it as it is.
+        EXPECT_EQ(markColor(), QColor(0x1C, 0x71, 0xD8));
+        QTest::keyRelease(list, Qt::Key_Space);
+    }
+}
+
+TEST_F(PreviewPatchListViewTest, RowsGrowWithTheFont)
+{
+    EXPECT_EQ(list->visualRect(list->model()->index(0, 0)).height(), list->rowHeight());
+    QFont large = list->font();
+    large.setPixelSize(40);
+    list->setFont(large);
+    QCoreApplication::processEvents();
+    EXPECT_GE(list->rowHeight(), list->fontMetrics().height());
+    EXPECT_EQ(list->visualRect(list->model()->index(0, 0)).height(), list->rowHeight());
+}
+
+TEST_F(PreviewPatchListViewTest, TheMarkedRowStaysInSightInALowerWindow)
+{
+    list->setSelectedIndex(list->indexAt({5, list->viewport()->height() - 3}).row());
+    window.resize(240, 160);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(list->viewport()->rect().contains(middleOf(list->selectedIndex())));
 }
 
 TEST_F(PreviewPatchListViewTest, LosingTheFocusOrBeingHiddenLetsTheRowGo)
