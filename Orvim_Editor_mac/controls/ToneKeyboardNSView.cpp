@@ -61,6 +61,7 @@ ToneKeyboardNSView::ToneKeyboardNSView(OnNote onNoteOn, OnNote onNoteOff, QWidge
 {
     setFixedSize(sizeHint());
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true); // a move without a button tells of a release that went elsewhere
     setAccessibleName(tr("鍵盤"));
     moveCursorTo(m_cursorNote);
 }
@@ -103,17 +104,27 @@ void ToneKeyboardNSView::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton) return;
     setFocus(Qt::MouseFocusReason);
     m_showsCursor = false;
+    m_isDragging = true;
     dragTo(event->position());
 }
 
 void ToneKeyboardNSView::mouseMoveEvent(QMouseEvent* event)
 {
-    if (event->buttons() & Qt::LeftButton) dragTo(event->position());
+    // A drag that lost the focus is over, though the button may still be down.
+    if (!m_isDragging) return;
+    if (!(event->buttons() & Qt::LeftButton)) return endDrag();
+    dragTo(event->position());
 }
 
 void ToneKeyboardNSView::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton) endNote();
+    if (event->button() == Qt::LeftButton && m_isDragging) endDrag();
+}
+
+void ToneKeyboardNSView::endDrag()
+{
+    m_isDragging = false;
+    endNote();
 }
 
 void ToneKeyboardNSView::dragTo(QPointF point)
@@ -146,7 +157,7 @@ void ToneKeyboardNSView::endNote()
 void ToneKeyboardNSView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Space) {
-        if (!event->isAutoRepeat()) play(m_cursorNote);
+        if (!event->isAutoRepeat() && !m_isDragging) play(m_cursorNote);
         return;
     }
     const int step = cursorStep(event->key());
@@ -158,7 +169,7 @@ void ToneKeyboardNSView::keyPressEvent(QKeyEvent* event)
 void ToneKeyboardNSView::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->key() != Qt::Key_Space) return QWidget::keyReleaseEvent(event);
-    if (!event->isAutoRepeat()) endNote();
+    if (!event->isAutoRepeat() && !m_isDragging) endNote();
 }
 
 void ToneKeyboardNSView::moveCursorTo(int note)
@@ -176,13 +187,13 @@ void ToneKeyboardNSView::focusInEvent(QFocusEvent* event)
 
 void ToneKeyboardNSView::focusOutEvent(QFocusEvent*)
 {
-    endNote();
+    endDrag();
     update();
 }
 
 void ToneKeyboardNSView::hideEvent(QHideEvent*)
 {
-    endNote();
+    endDrag();
 }
 
 } // namespace orvim

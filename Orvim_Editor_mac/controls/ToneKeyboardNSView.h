@@ -39,6 +39,7 @@ protected:
 
 private:
     void dragTo(QPointF point);
+    void endDrag();
     void play(int note);
     void endNote();
     void moveCursorTo(int note);
@@ -49,6 +50,7 @@ private:
     OnNote m_onNoteOff;
     std::optional<int> m_activeNote;
     std::optional<int> m_activeChannel; ///< present together with the note
+    bool m_isDragging = false;          ///< the pointer plays, on a key or beside the keys
     int m_cursorNote = 60;
     bool m_showsCursor = false; ///< only who came by the keyboard needs it
 };

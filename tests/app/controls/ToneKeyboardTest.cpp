@@ -135,9 +135,34 @@ TEST_F(ToneKeyboardNSViewTest, LosingTheFocusEndsTheNote)
 {
     press(4, 20);
     field->setFocus();
+    drag({13, 20});
     EXPECT_THAT(played, ElementsAre("on 0 0", "off 0 0"));
     release(4, 20);
     EXPECT_EQ(played.size(), 2U);
+}
+
+TEST_F(ToneKeyboardNSViewTest, ADragWhoseReleaseWasLostIsOver)
+{
+    press(4, 20);
+    QMouseEvent event(QEvent::MouseMove, QPointF(13, 20), keyboard->mapToGlobal(QPoint(13, 20)), Qt::NoButton,
+                      Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(keyboard, &event);
+    drag({13, 20});
+    EXPECT_THAT(played, ElementsAre("on 0 0", "off 0 0"));
+}
+
+TEST_F(ToneKeyboardNSViewTest, ThePointerTakesOverFromTheSpaceBarWhoseReleaseThenDoesNothing)
+{
+    keyboard->setFocus();
+    QTest::keyPress(keyboard, Qt::Key_Space);
+    press(4, 20);
+    QTest::keyRelease(keyboard, Qt::Key_Space);
+    EXPECT_THAT(played, ElementsAre("on 0 60", "off 0 60", "on 0 0"));
+    QTest::keyPress(keyboard, Qt::Key_Space);
+    QTest::keyRelease(keyboard, Qt::Key_Space);
+    EXPECT_EQ(keyboard->activeNote(), 0);
+    release(4, 20);
+    EXPECT_THAT(played, ElementsAre("on 0 60", "off 0 60", "on 0 0", "off 0 0"));
 }
 
 TEST_F(ToneKeyboardNSViewTest, BeingHiddenEndsTheNote)
