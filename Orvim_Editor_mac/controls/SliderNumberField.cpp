@@ -34,7 +34,7 @@ SliderNumberField::SliderNumberField(double lower, double upper, QSize size, QWi
 void SliderNumberField::setValue(double value)
 {
     m_value = value;
-    if (!hasFocus()) showValue();
+    if (!hasFocus() || !isModified()) showValue();
 }
 
 void SliderNumberField::setRange(double lower, double upper)
@@ -47,7 +47,9 @@ void SliderNumberField::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
     // A menu over the field takes the focus only for a while.
-    if (event->reason() != Qt::PopupFocusReason) submit();
+    if (event->reason() == Qt::PopupFocusReason) return;
+    // Going through the field without typing changes nothing.
+    if (isModified()) submit();
 }
 
 void SliderNumberField::submit()
@@ -63,7 +65,7 @@ void SliderNumberField::showValue()
 {
     // Adding zero takes the sign from a zero that was rounded up from below.
     const auto shown = QString::number(std::round(m_value) + 0.0, 'f', 0);
-    if (text() != shown) setText(shown);
+    if (text() != shown || isModified()) setText(shown);
 }
 
 } // namespace orvim

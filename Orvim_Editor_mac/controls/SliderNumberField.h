@@ -14,7 +14,7 @@ public:
     SliderNumberField(double lower, double upper, QSize size, QWidget* parent = nullptr);
 
     double value() const { return m_value; }
-    /// The program's side, silent; the text follows unless the user is in the field.
+    /// The program's side, silent; the text follows unless the user is typing in it.
     void setValue(double value);
     void setRange(double lower, double upper);
 

@@ -55,6 +55,27 @@ TEST(SliderNumberField, TextIsTheUsersWhileTheFocusIsInIt)
     EXPECT_EQ(shown.spy.count(), 0);
 }
 
+TEST(SliderNumberField, TextThatNobodyTypedFollowsTheValueAndIsNotTaken)
+{
+    Shown shown;
+    shown.field->setValue(99.4);
+    EXPECT_EQ(shown.field->text(), QStringLiteral("99"));
+    shown.neighbour->setFocus();
+    EXPECT_EQ(shown.field->value(), 99.4);
+    EXPECT_EQ(shown.spy.count(), 0);
+}
+
+TEST(SliderNumberField, AfterReturnTheTextFollowsTheValueAgain)
+{
+    Shown shown;
+    for (const char* typed : {"70", "64", "abc"}) {
+        shown.enter(typed);
+        QTest::keyClick(shown.field, Qt::Key_Return);
+        shown.field->setValue(64);
+        EXPECT_EQ(shown.field->text(), QStringLiteral("64")) << typed;
+    }
+}
+
 TEST(SliderNumberField, ReturnTakesTheNumber)
 {
     Shown shown;
