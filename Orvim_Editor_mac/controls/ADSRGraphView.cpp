@@ -2,7 +2,6 @@
 
 #include "controls/PaletteColors.h"
 
-#include <QEvent>
 #include <QPainter>
 
 namespace orvim {
@@ -16,8 +15,9 @@ constexpr int levelHeight = 64;
 constexpr int topMargin = 8; ///< above the highest level, which stands at -1
 constexpr int textHeight = 17;
 constexpr int textPixelSize = 10;
-constexpr QSize viewSize(leftEdge + ADSREnvelope::duration / timePerPixel + leftEdge,
-                         topMargin + baseY + textHeight + 1);
+constexpr int noteOffX = ADSREnvelope::noteOffTime / timePerPixel + leftEdge;
+constexpr int endX = ADSREnvelope::duration / timePerPixel + leftEdge;
+constexpr QSize viewSize(endX + leftEdge, topMargin + baseY + textHeight + 1);
 
 } // namespace
 
@@ -25,12 +25,14 @@ ADSRGraphView::ADSRGraphView(QWidget* parent) : QWidget(parent)
 {
     setFixedSize(viewSize);
     setAccessibleName(tr("エンベロープのグラフ"));
+    describe();
 }
 
 void ADSRGraphView::setParameters(const ADSRParameters& parameters)
 {
     if (parameters == m_parameters) return;
     m_parameters = parameters;
+    describe();
     update();
 }
 
@@ -56,37 +58,59 @@ void ADSRGraphView::paintEvent(QPaintEvent*)
     drawGraphGround(painter, rect(), palette());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(0, topMargin);
-    drawMarks(painter);
+    drawTexts(painter);
+    // Points have whole coordinates; the lines run through the middle of these pixels.
+    painter.translate(0.5, 0.5);
+    drawLines(painter);
     QPolygonF curve;
     for (const EnvelopePoint& point : ADSREnvelope::points(m_parameters))
         curve << position(point);
     drawCurve(painter, curve, baseY, m_colors.resolved(palette()));
 }
 
-void ADSRGraphView::drawMarks(QPainter& painter) const
+QColor ADSRGraphView::markColor() const
 {
-    const QColor quiet = mixedColor(palette(), QPalette::WindowText, QPalette::Base, 0.6);
+    return mixedColor(palette(), QPalette::WindowText, QPalette::Base, 0.6);
+}
+
+void ADSRGraphView::drawTexts(QPainter& painter) const
+{
     QFont font = painter.font();
     font.setPixelSize(textPixelSize);
     painter.setFont(font);
-    painter.setPen(QPen(quiet, 1));
-    const int end = position({ADSREnvelope::duration, 0}).x();
-    painter.drawLine(QPointF(leftEdge, baseY + 0.5), QPointF(end, baseY + 0.5));
-    const QRectF texts(leftEdge, baseY + 2, end - leftEdge, textHeight - 2);
+    painter.setPen(markColor());
+    const QRect texts(leftEdge, baseY + 2, endX - leftEdge, textHeight - 2);
     painter.drawText(texts, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("NOTE ON"));
     if (!m_parameters.releaseActive) return;
-    const int noteOff = position({ADSREnvelope::noteOffTime, 0}).x();
-    painter.setPen(QPen(quiet, 1, Qt::DashLine));
-    painter.drawLine(QPointF(noteOff + 0.5, 1 - topMargin), QPointF(noteOff + 0.5, baseY));
-    painter.setPen(quiet);
-    painter.drawText(texts.adjusted(noteOff - leftEdge, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+    painter.drawText(texts.adjusted(noteOffX - leftEdge, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
                      QStringLiteral("NOTE OFF"));
+}
+
+void ADSRGraphView::drawLines(QPainter& painter) const
+{
+    painter.setPen(QPen(markColor(), 1, Qt::SolidLine, Qt::FlatCap));
+    painter.drawLine(QPoint(leftEdge, baseY), QPoint(endX, baseY));
+    if (!m_parameters.releaseActive) return;
+    painter.setPen(QPen(markColor(), 1, Qt::DashLine, Qt::FlatCap));
+    painter.drawLine(QPoint(noteOffX, 1 - topMargin), QPoint(noteOffX, baseY));
+}
+
+void ADSRGraphView::describe()
+{
+    setAccessibleDescription(QStringLiteral("Attack Time %1, Decay Time %2, Sustain Level %3, Sustain Rate %4, "
+                                            "Release Time %5, Release Active %6")
+                                 .arg(m_parameters.attack)
+                                 .arg(m_parameters.decay)
+                                 .arg(m_parameters.sustainLevel)
+                                 .arg(m_parameters.sustainRate)
+                                 .arg(m_parameters.release)
+                                 .arg(m_parameters.releaseActive ? tr("オン") : tr("オフ")));
 }
 
 void ADSRGraphView::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange) update();
+    if (changesLook(*event)) update();
 }
 
 } // namespace orvim

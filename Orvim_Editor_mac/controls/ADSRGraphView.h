@@ -29,7 +29,10 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void drawMarks(QPainter& painter) const;
+    QColor markColor() const;
+    void drawTexts(QPainter& painter) const;
+    void drawLines(QPainter& painter) const;
+    void describe();
 
     ADSRParameters m_parameters;
     GraphColors m_colors;

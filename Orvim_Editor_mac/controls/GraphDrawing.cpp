@@ -3,6 +3,7 @@
 #include "controls/PaletteColors.h"
 #include "controls/ThemeColors.h"
 
+#include <QEvent>
 #include <QPainter>
 
 namespace orvim {
@@ -31,6 +32,30 @@ GraphColors GraphColors::resolved(const QPalette& palette) const
         result.fillColor.setAlphaF(fillAlpha);
     }
     return result;
+}
+
+bool changesLook(const QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::EnabledChange:
+    case QEvent::PaletteChange:
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+        return true;
+    default:
+        return false;
+    }
+}
+
+double deviceScale(const QPainter& painter)
+{
+    return painter.deviceTransform().m11();
+}
+
+void moveToPixelCentre(QPainter& painter)
+{
+    const double half = 0.5 / deviceScale(painter);
+    painter.translate(half, half);
 }
 
 void drawGraphGround(QPainter& painter, const QRectF& rect, const QPalette& palette)

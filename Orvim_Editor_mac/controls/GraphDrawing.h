@@ -4,6 +4,7 @@
 #include <QPalette>
 #include <QPolygonF>
 
+class QEvent;
 class QPainter;
 
 namespace orvim {
@@ -19,6 +20,16 @@ struct GraphColors {
 
 /// A thin line whatever the scale of the screen.
 inline constexpr double graphLineWidth = 1.4;
+
+/// Whether a widget that draws itself has to do so again after this change.
+bool changesLook(const QEvent& event);
+
+/// Device pixels to a unit of the painter's coordinates.
+double deviceScale(const QPainter& painter);
+
+/// Moves what is drawn next by half a device pixel: a line through whole coordinates fills pixels and lies between
+/// none.
+void moveToPixelCentre(QPainter& painter);
 
 /// Draws the ground on which a graph stands, with its frame.
 void drawGraphGround(QPainter& painter, const QRectF& rect, const QPalette& palette);

@@ -2,7 +2,6 @@
 
 #include "controls/ThemeColors.h"
 
-#include <QEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -22,6 +21,7 @@ WaveformGraphView::WaveformGraphView(QWidget* parent) : QWidget(parent)
 {
     setFixedSize(viewSize);
     setAccessibleName(tr("波形のグラフ"));
+    describe();
 }
 
 void WaveformGraphView::setWave(const WaveformGraphParameters& parameters,
@@ -30,6 +30,7 @@ void WaveformGraphView::setWave(const WaveformGraphParameters& parameters,
     if (parameters == m_parameters && userSamples == m_userSamples) return;
     m_parameters = parameters;
     m_userSamples = userSamples;
+    describe();
     update();
 }
 
@@ -46,6 +47,14 @@ void WaveformGraphView::setColors(const GraphColors& colors)
     update();
 }
 
+void WaveformGraphView::describe()
+{
+    setAccessibleDescription(QStringLiteral("Wave Type %1, Ringmod Multiply %2, Ringmod Gain %3")
+                                 .arg(m_parameters.waveType)
+                                 .arg(m_parameters.ringModMultiply)
+                                 .arg(m_parameters.ringModGain));
+}
+
 QSize WaveformGraphView::sizeHint() const
 {
     return viewSize;
@@ -55,26 +64,26 @@ void WaveformGraphView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     drawGraphGround(painter, rect(), palette());
-    painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(margin, topMargin);
-    const double middle = curveSize.height() / 2.0 - 0.5;
-    painter.setPen(QPen(separatorColor(palette()), 1));
-    painter.drawLine(QPointF(0, middle), QPointF(curveSize.width() - 1, middle));
+    const int middle = curveSize.height() / 2;
+    painter.fillRect(QRect(0, middle, curveSize.width(), 1), separatorColor(palette()));
+    painter.setRenderHint(QPainter::Antialiasing);
     const auto wave = WaveformGraph::wave(m_parameters, m_userSamples.value_or(std::vector<std::int16_t>()),
                                           m_sampleCount, m_phaseCount);
     // A column for each pixel of the screen, which may be finer than the window's own.
-    const double scale = devicePixelRatioF();
+    const double scale = deviceScale(painter);
     const QSize pixels = (QSizeF(curveSize) * scale).toSize();
     QPolygonF curve;
     for (int x = 0; const int y : WaveformGraph::columns(wave, pixels.width(), pixels.height()))
         curve << QPointF(x++ / scale, y / scale);
+    moveToPixelCentre(painter);
     drawCurve(painter, curve, middle, m_colors.resolved(palette()));
 }
 
 void WaveformGraphView::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange) update();
+    if (changesLook(*event)) update();
 }
 
 } // namespace orvim

@@ -31,6 +31,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void describe();
+
     WaveformGraphParameters m_parameters;
     std::optional<std::vector<std::int16_t>> m_userSamples;
     int m_sampleCount = 2048;
