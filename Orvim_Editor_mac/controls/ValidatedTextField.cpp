@@ -25,6 +25,13 @@ void ValidatedTextField::setBoundText(const QString& text)
     endComposition();
 }
 
+void ValidatedTextField::forgetEdits()
+{
+    const QScopedValueRollback updating(m_isUpdating, true);
+    endComposition();
+    setText(m_boundText);
+}
+
 void ValidatedTextField::setFontSize(int pixels)
 {
     auto sized = font();

@@ -22,6 +22,9 @@ public:
     /// is being composed. Ignored while an edit is being told of.
     void setBoundText(const QString& text);
 
+    /// The text belongs to something else from now on: ends what is being composed, and undoing no longer leads back.
+    void forgetEdits();
+
     void setFontSize(int pixels);
 
 Q_SIGNALS:

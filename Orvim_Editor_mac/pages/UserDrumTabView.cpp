@@ -9,6 +9,8 @@
 
 #include <QGroupBox>
 
+#include <utility>
+
 namespace orvim {
 
 namespace {
@@ -84,6 +86,7 @@ void UserDrumTabView::showState()
     const tonavelle::UserTonePatch& patch = state().userDrum();
     m_setName->setBoundText(fromCore(state().instrument.drumSetName));
     m_noteName->setBoundText(fromCore(patch.name));
+    if (std::exchange(m_shownPatch, patch.id) != patch.id) m_noteName->forgetEdits();
     m_noteNumber->setValue(patch.noteNumber);
     m_voice.setSound(patch.parameters, state().instrument.userWaveforms);
 }

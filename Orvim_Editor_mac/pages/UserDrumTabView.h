@@ -27,6 +27,7 @@ private:
     PreviewPatchListView* m_list = nullptr;
     ValidatedTextField* m_setName = nullptr;
     ValidatedTextField* m_noteName = nullptr;
+    int m_shownPatch = 0; ///< the id of the patch in the controls
     NumberSlider* m_noteNumber = nullptr;
     ToneVoiceControls m_voice;
 };
