@@ -1,6 +1,7 @@
 #include "pages/ToneEditorPreviews.h"
 
 #include "MIDIOutManager.h"
+#include "controls/OncePerTurn.h"
 #include "core/protocol/MIDIMessageBuilder.h"
 #include "core/tone/ToneDefaults.h"
 #include "core/tone/ToneEditorBuilder.h"
@@ -30,7 +31,8 @@ constexpr std::uint8_t wavePreviewProgram = 80;
 
 ToneEditorPreviews::ToneEditorPreviews(ToneEditorModel& model, MIDIOutManager& midiOutManager,
                                        DisplaySimulatorState& displaySimulator)
-    : m_model(model), m_midiOutManager(midiOutManager), m_displaySimulator(displaySimulator)
+    : m_model(model), m_midiOutManager(midiOutManager), m_displaySimulator(displaySimulator),
+      m_selection(new OncePerTurn(this, [this] { sendSelection(); }))
 {
 }
 
@@ -89,6 +91,31 @@ void ToneEditorPreviews::installUserWave()
     showUserWavePreview();
 }
 
+void ToneEditorPreviews::followSelection()
+{
+    m_selection->request();
+}
+
+void ToneEditorPreviews::sendSelection()
+{
+    const ToneEditorState& state = m_model.state();
+    if (state.selectedToneTab == ToneEditorTab::userMelody) selectUserMelody(state.selectedUserMelody);
+    if (state.selectedToneTab == ToneEditorTab::userWave) selectUserWave(state.selectedUserWave);
+    // All drums are in the one set that channel 10 has been playing since the tab was opened.
+}
+
+void ToneEditorPreviews::selectUserMelody(int row)
+{
+    m_midiOutManager.sendRealtime(ToneEditorBuilder::selectUserMelodyPatch(melodyPreviewChannel, row));
+    showUserMelodyPreview(row);
+}
+
+void ToneEditorPreviews::selectUserWave(int row)
+{
+    m_midiOutManager.sendRealtime(UserWaveformBuilder::previewMessages(row, melodyPreviewChannel));
+    showUserWavePreview();
+}
+
 void ToneEditorPreviews::restoreChannel(int channel)
 {
     const auto& instrument = m_model.state().instrument;
@@ -133,8 +160,8 @@ void ToneEditorPreviews::releaseChannel()
 void ToneEditorPreviews::pressUserMelody(int row)
 {
     releaseUserMelody();
-    m_midiOutManager.sendRealtime(ToneEditorBuilder::selectUserMelodyPatch(melodyPreviewChannel, row));
-    showUserMelodyPreview(row);
+    if (row < 0 || static_cast<std::size_t>(row) >= m_model.state().instrument.userMelodies.size()) return;
+    selectUserMelody(row);
     playNote(&ToneEditorState::userMelodyPreviewIndex, row, melodyPreviewChannel, testNote);
 }
 
@@ -163,11 +190,10 @@ void ToneEditorPreviews::pressUserWave(int row)
 {
     releaseUserWave();
     try {
-        m_midiOutManager.sendRealtime(UserWaveformBuilder::previewMessages(row, melodyPreviewChannel));
+        selectUserWave(row);
     } catch (const tonavelle::UserWaveformError& error) {
         return report(m_midiOutManager, QString::fromUtf8(error.what()));
     }
-    showUserWavePreview();
     playNote(&ToneEditorState::userWavePreviewSlot, row, melodyPreviewChannel, testNote);
 }
 

@@ -11,6 +11,7 @@ namespace orvim {
 
 class DisplaySimulatorState;
 class MIDIOutManager;
+class OncePerTurn;
 class ToneEditorModel;
 
 /// What is heard while a row is held, and what channels 1 and 10 of the module play meanwhile.
@@ -18,6 +19,10 @@ class ToneEditorModel;
 /// Opening a user tab turns its channel into a preview of the selected row; going to another user tab or to the master
 /// values leaves it so, and only the tab of the channels gives both channels their own sound back. A held row plays
 /// one note, and whatever tab is opened ends it. The channels' own records are never touched by a preview.
+///
+/// What a held row sends goes ahead of all that still waits for the module, the selection of the tab included: a row
+/// pressed while much waits is heard at once, and the selection that comes through behind it has the last word until
+/// the next press.
 class ToneEditorPreviews : public QObject
 {
     Q_OBJECT
@@ -30,6 +35,10 @@ public:
     void changeTab(ToneEditorTab tab);
     /// After everything was sent: the preview of the open tab, if it has one.
     void installOpenTab();
+
+    /// A row of a user tab was chosen without being held: its channel plays it from now on, without a note. Asked for
+    /// many times in a turn of the event loop, it goes out once.
+    void followSelection();
 
     void pressChannel(int row);
     void releaseChannel();
@@ -45,6 +54,9 @@ private:
     void installUserMelody();
     void installUserDrum();
     void installUserWave();
+    void selectUserMelody(int row);
+    void selectUserWave(int row);
+    void sendSelection();
     void restoreChannel(int channel);
     void endPreviewsExcept(ToneEditorTab tab);
     void playNote(std::optional<int> ToneEditorState::*sounding, int index, int channel, int note);
@@ -57,6 +69,7 @@ private:
     ToneEditorModel& m_model;
     MIDIOutManager& m_midiOutManager;
     DisplaySimulatorState& m_displaySimulator;
+    OncePerTurn* m_selection = nullptr;
 };
 
 } // namespace orvim
