@@ -12,6 +12,8 @@
 #include <QGroupBox>
 #include <QSignalBlocker>
 
+#include <utility>
+
 namespace orvim {
 
 namespace {
@@ -39,6 +41,7 @@ void UserMelodyTabView::makeList()
     m_list->setFixedWidth(listWidth);
     connect(m_list, &PreviewPatchListView::rowSelected, this,
             [this](int row) { actions().patches.selectUserMelody(row); });
+    connect(m_list, &PreviewPatchListView::rowReached, this, [this] { actions().previews.followSelection(); });
     connect(m_list, &PreviewPatchListView::rowPressed, this,
             [this](int row) { actions().previews.pressUserMelody(row); });
     connect(m_list, &PreviewPatchListView::rowReleased, this, [this] { actions().previews.releaseUserMelody(); });
@@ -86,6 +89,7 @@ void UserMelodyTabView::showState()
     const QSignalBlocker silent(m_presets);
     m_presets->setCurrentIndex(patch.presetProgram.value_or(-1));
     m_name->setBoundText(fromCore(patch.name));
+    if (std::exchange(m_shownPatch, patch.id) != patch.id) m_name->forgetEdits();
     m_voice.setSound(patch.parameters, state().instrument.userWaveforms);
 }
 

@@ -28,6 +28,7 @@ private:
     PreviewPatchListView* m_list = nullptr;
     QComboBox* m_presets = nullptr;
     ValidatedTextField* m_name = nullptr;
+    int m_shownPatch = 0; ///< the id of the patch in the controls
     ToneVoiceControls m_voice;
 };
 
