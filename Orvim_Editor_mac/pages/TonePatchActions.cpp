@@ -112,8 +112,18 @@ void TonePatchActions::setDrumSetName(const QString& name)
                           QStringLiteral("User Drum Name Send"));
     const ChannelToneParameters userDrumChannel(
         {.drumTrackSetting = ToneDrumTrackSetting::drum, .bankKind = ToneBankKind::user});
-    m_displaySimulator.updateUserPartNames(true, userDrumChannel.programChange,
-                                           tonavelle::channelDisplayName(userDrumChannel, {}, drumSetName));
+    const std::string shownName = tonavelle::channelDisplayName(userDrumChannel, {}, drumSetName);
+    for (const std::uint8_t program : userDrumPrograms())
+        m_displaySimulator.updateUserPartNames(true, program, shownName);
+}
+
+std::set<std::uint8_t> TonePatchActions::userDrumPrograms() const
+{
+    std::set<std::uint8_t> programs{0};
+    for (const ChannelToneParameters& channel : m_model.state().instrument.channels)
+        if (channel.drumTrackSetting == ToneDrumTrackSetting::drum && channel.bankKind == ToneBankKind::user)
+            programs.insert(channel.programChange);
+    return programs;
 }
 
 void TonePatchActions::setUserDrumName(const QString& name)

@@ -4,6 +4,9 @@
 
 #include <QString>
 
+#include <cstdint>
+#include <set>
+
 namespace orvim {
 
 class DisplaySimulatorState;
@@ -34,6 +37,9 @@ public:
 private:
     void sendUserMelody();
     void sendUserDrum();
+    /// The programs under which channels play the user drum set. There is but one set, yet a file may give a channel
+    /// any number.
+    std::set<std::uint8_t> userDrumPrograms() const;
 
     ToneEditorModel& m_model;
     MIDIOutManager& m_midiOutManager;
