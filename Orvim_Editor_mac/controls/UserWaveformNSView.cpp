@@ -1,5 +1,6 @@
 #include "controls/UserWaveformNSView.h"
 
+#include "controls/GraphDrawing.h"
 #include "core/tone/UserWaveformBuilder.h"
 
 #include <QKeyEvent>
@@ -19,9 +20,10 @@ namespace {
 constexpr QSize usualSize(560, 240);
 constexpr QSize smallestSize(260, 140);
 constexpr int gridInterval = 256;
-constexpr double gridLineWidth = 1.0;
+constexpr int gridLineWidth = 1;
 constexpr double curveLineWidth = 1.4;
 constexpr QRgb gridColor = qRgb(0x50, 0x50, 0x50);
+constexpr double cursorRadius = 3.5;
 constexpr int cursorStep = 1;
 constexpr int cursorPage = 64;
 constexpr int valueStep = 256;
@@ -49,6 +51,7 @@ UserWaveformNSView::UserWaveformNSView(QWidget* parent)
     : QWidget(parent), m_currentSamples(tonavelle::UserWaveformBuilder::sine())
 {
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true); // a move without a button tells of a release that went elsewhere
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setCursor(Qt::CrossCursor);
     setAccessibleName(tr("波形エディタ"));
@@ -67,6 +70,8 @@ QSize UserWaveformNSView::minimumSizeHint() const
 
 void UserWaveformNSView::setCurrentSamples(const tonavelle::UserWaveform& samples)
 {
+    m_isEditing = false;
+    m_lastDragPoint.reset();
     if (samples == m_currentSamples) return;
     m_currentSamples = samples;
     describe();
@@ -99,6 +104,7 @@ void UserWaveformNSView::endEditing()
 void UserWaveformNSView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) return;
+    endEditing();
     m_showsCursor = false;
     m_isEditing = true;
     apply(event->position());
@@ -107,9 +113,12 @@ void UserWaveformNSView::mousePressEvent(QMouseEvent* event)
 void UserWaveformNSView::mouseMoveEvent(QMouseEvent* event)
 {
     if (!m_isEditing) return;
+    // The release went to somebody else, a dialog for example.
+    if (!(event->buttons() & Qt::LeftButton)) return endEditing();
     apply(event->position());
     // While a button is held, leaving is not told of in any other way. The stroke goes on to the edge and ends there.
-    if (!rect().contains(event->position().toPoint())) endEditing();
+    const QPointF position = event->position();
+    if (position.x() < 0 || position.y() < 0 || position.x() >= width() || position.y() >= height()) endEditing();
 }
 
 void UserWaveformNSView::mouseReleaseEvent(QMouseEvent* event)
@@ -131,6 +140,7 @@ void UserWaveformNSView::hideEvent(QHideEvent*)
 
 void UserWaveformNSView::keyPressEvent(QKeyEvent* event)
 {
+    if (event->matches(QKeySequence::Undo) && m_onUndo) return m_onUndo();
     if (m_currentSamples.size() == sampleCount && (moveCursor(*event) || changeSample(event->key()))) {
         m_showsCursor = true;
         describe();
@@ -189,6 +199,8 @@ void UserWaveformNSView::focusInEvent(QFocusEvent* event)
 
 void UserWaveformNSView::focusOutEvent(QFocusEvent*)
 {
+    // Whatever has the focus now may take the release as well.
+    endEditing();
     update();
 }
 
@@ -196,33 +208,42 @@ void UserWaveformNSView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::black);
-    painter.setRenderHint(QPainter::Antialiasing);
     drawGrid(painter);
     if (m_currentSamples.size() != sampleCount) return;
+    painter.setRenderHint(QPainter::Antialiasing);
     drawSamples(painter);
     if (hasFocus()) drawCursor(painter);
 }
 
 void UserWaveformNSView::drawGrid(QPainter& painter) const
 {
-    painter.setPen(QPen(QColor(gridColor), gridLineWidth));
-    for (int index = 0; index <= static_cast<int>(sampleCount); index += gridInterval) {
-        const double x = Drawing::gridX(index, width());
-        painter.drawLine(QPointF(x, 0), QPointF(x, height()));
-    }
-    painter.drawLine(QPointF(0, height() / 2.0), QPointF(width(), height() / 2.0));
+    for (int index = 0; index <= static_cast<int>(sampleCount); index += gridInterval)
+        painter.fillRect(gridColumn(index), QColor(gridColor));
+    painter.fillRect(QRect(0, height() / 2, width(), gridLineWidth), QColor(gridColor));
 }
 
 void UserWaveformNSView::drawSamples(QPainter& painter) const
 {
     QPolygonF curve;
     for (int x = 0; x < width(); ++x) {
-        const int index = Drawing::indexAtColumn(x, width());
-        const double fromBottom = Drawing::heightOf(m_currentSamples[static_cast<std::size_t>(index)], height());
-        curve << QPointF(x, height() - fromBottom);
+        curve << QPointF(x, yOf(Drawing::indexAtColumn(x, width())));
     }
     painter.setPen(QPen(QColor::fromRgbF(1.0F, 0.843F, 0.0F), curveLineWidth));
+    painter.save();
+    moveToPixelCentre(painter);
     painter.drawPolyline(curve);
+    painter.restore();
+}
+
+double UserWaveformNSView::yOf(int index) const
+{
+    // The lowest value stands on the last row, not under it: the curve runs through the pixels that drew it.
+    return std::max(height() - 1, 1) - Drawing::heightOf(m_currentSamples[static_cast<std::size_t>(index)], height());
+}
+
+QRect UserWaveformNSView::gridColumn(int index) const
+{
+    return {qRound(Drawing::gridX(index, width())), 0, gridLineWidth, height()};
 }
 
 void UserWaveformNSView::drawCursor(QPainter& painter) const
@@ -231,12 +252,11 @@ void UserWaveformNSView::drawCursor(QPainter& painter) const
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
     if (!m_showsCursor) return;
-    const double x = Drawing::gridX(m_cursor, width());
-    const double fromBottom = Drawing::heightOf(m_currentSamples[static_cast<std::size_t>(m_cursor)], height());
-    painter.setPen(QPen(Qt::white, 1));
-    painter.drawLine(QPointF(x, 0), QPointF(x, height()));
+    painter.fillRect(gridColumn(m_cursor), Qt::white);
+    painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::white);
-    painter.drawEllipse(QPointF(x, height() - fromBottom), 3, 3);
+    moveToPixelCentre(painter);
+    painter.drawEllipse(QPointF(Drawing::gridX(m_cursor, width()), yOf(m_cursor)), cursorRadius, cursorRadius);
 }
 
 } // namespace orvim

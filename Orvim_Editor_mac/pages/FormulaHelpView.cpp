@@ -22,6 +22,8 @@ FormulaHelpView::FormulaHelpView(QWidget* parent) : QFrame(parent, Qt::Popup)
 {
     setObjectName(QStringLiteral("formulaHelp"));
     setAccessibleName(tr("数式のヘルプ"));
+    // The click that closes the panel does nothing else: on the button of the panel it would open it again.
+    setAttribute(Qt::WA_NoMouseReplay);
     setFrameShape(QFrame::StyledPanel);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(margin, margin, margin, margin);

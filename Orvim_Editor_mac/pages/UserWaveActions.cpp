@@ -23,9 +23,22 @@ void UserWaveActions::selectUserWave(int slot)
 
 void UserWaveActions::setSamples(const UserWaveform& samples)
 {
-    m_model.change(ToneEditorPart::userWave, [&](ToneEditorState& state) {
-        state.instrument.userWaveforms[static_cast<std::size_t>(state.selectedUserWave)] = samples;
-    });
+    setSamples(m_model.state().selectedUserWave, samples);
+}
+
+void UserWaveActions::setSamples(int slot, const UserWaveform& samples)
+{
+    const auto index = static_cast<std::size_t>(slot);
+    m_lastEdits[index] = {m_model.state().instrument.userWaveforms[index], samples};
+    m_model.change(ToneEditorPart::userWave,
+                   [&](ToneEditorState& state) { state.instrument.userWaveforms[index] = samples; });
+}
+
+void UserWaveActions::undo()
+{
+    const ToneEditorState& state = m_model.state();
+    const Edit& last = m_lastEdits[static_cast<std::size_t>(state.selectedUserWave)];
+    if (state.userWave() == last.after) setSamples(UserWaveform(last.before));
 }
 
 void UserWaveActions::apply(const WaveOperation& operation)
@@ -70,17 +83,16 @@ void UserWaveActions::presentFormulaHelp(bool presented)
 void UserWaveActions::send(int slot)
 {
     if (slot >= 0 && slot < UserWaveformBuilder::slotCount) selectUserWave(slot);
+    // While the send waits for room the selection and the slot may change; what was sent is what stood here before.
+    const UserWaveform samples = m_model.state().userWave();
     try {
-        const ToneEditorState& state = m_model.state();
-        const UserWaveform& samples = state.userWave();
         m_midiOutManager.send(UserWaveformBuilder::sysExMessages(slot, samples),
                               QString::fromUtf8(tonavelle::userWaveformLabel));
     } catch (const UserWaveformError& error) {
         return report(m_midiOutManager, QString::fromUtf8(error.what()));
     }
-    m_model.change(ToneEditorPart::userWave, [slot](ToneEditorState& state) {
-        state.sentUserWaveforms[static_cast<std::size_t>(slot)] = state.userWave();
-    });
+    m_model.change(ToneEditorPart::userWave,
+                   [&](ToneEditorState& state) { state.sentUserWaveforms[static_cast<std::size_t>(slot)] = samples; });
     report(m_midiOutManager, QStringLiteral("User Wave %1 を送信しました。").arg(slot + 1));
 }
 

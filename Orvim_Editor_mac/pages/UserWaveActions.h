@@ -33,8 +33,13 @@ public:
     UserWaveActions(ToneEditorModel& model, MIDIOutManager& midiOutManager);
 
     void selectUserWave(int slot);
+    /// Of the selected slot, or of `slot` (0...3).
     void setSamples(const tonavelle::UserWaveform& samples);
+    void setSamples(int slot, const tonavelle::UserWaveform& samples);
     void apply(const WaveOperation& operation);
+    /// Brings back what the selected slot held before its last edit, or takes that back. Does nothing when the slot
+    /// holds anything but what the edit left.
+    void undo();
 
     /// What is being typed; the samples follow on `evaluateFormula`.
     void typeFormula(const QString& formula);
@@ -46,8 +51,14 @@ public:
     void send(int slot);
 
 private:
+    struct Edit {
+        tonavelle::UserWaveform before;
+        tonavelle::UserWaveform after;
+    };
+
     ToneEditorModel& m_model;
     MIDIOutManager& m_midiOutManager;
+    std::array<Edit, tonavelle::UserWaveformBuilder::slotCount> m_lastEdits; ///< one a slot
 };
 
 } // namespace orvim

@@ -1,5 +1,6 @@
 #include "pages/UserWaveTabView.h"
 
+#include "controls/ElidedButton.h"
 #include "controls/PreviewPatchListView.h"
 #include "controls/ThemeColors.h"
 #include "controls/UserWaveformEditorView.h"
@@ -43,6 +44,12 @@ QPushButton* makeButton(const QString& title)
     return button;
 }
 
+/// Tells those who hear the page what stands beside the control.
+void describe(QWidget& control, const QString& text)
+{
+    if (control.accessibleDescription() != text) control.setAccessibleDescription(text);
+}
+
 void addRow(QGroupBox& group, QLayout* row)
 {
     static_cast<QVBoxLayout*>(group.layout())->addLayout(row);
@@ -66,6 +73,7 @@ void UserWaveTabView::makeList()
     m_list->setFixedWidth(listWidth);
     m_list->setItems(slotNames());
     connect(m_list, &PreviewPatchListView::rowSelected, this, [this](int row) { actions().waves.selectUserWave(row); });
+    connect(m_list, &PreviewPatchListView::rowReached, this, [this] { actions().previews.followSelection(); });
     connect(m_list, &PreviewPatchListView::rowPressed, this,
             [this](int row) { actions().previews.pressUserWave(row); });
     connect(m_list, &PreviewPatchListView::rowReleased, this, [this] { actions().previews.releaseUserWave(); });
@@ -77,7 +85,8 @@ QGroupBox* UserWaveTabView::makeEditorGroup()
     static_cast<QVBoxLayout*>(group->layout())->setSpacing(spacing);
     m_editor = new UserWaveformEditorView;
     connect(m_editor, &UserWaveformEditorView::edited, this,
-            [this](const tonavelle::UserWaveform& samples) { actions().waves.setSamples(samples); });
+            [this](const tonavelle::UserWaveform& samples) { actions().waves.setSamples(m_shownSlot, samples); });
+    connect(m_editor, &UserWaveformEditorView::undoRequested, this, [this] { actions().waves.undo(); });
     group->layout()->addWidget(m_editor);
     addRow(*group, makeShapeButtons());
     addRow(*group, makeOperationButtons());
@@ -125,13 +134,13 @@ QLayout* UserWaveTabView::makeSendRow()
     QFont bold = m_unsentMark->font();
     bold.setBold(true);
     m_unsentMark->setFont(bold);
-    QPushButton* const send = makeButton(tr("送信"));
-    connect(send, &QPushButton::clicked, this, [this] { actions().waves.send(state().selectedUserWave); });
+    m_send = makeButton(tr("送信"));
+    connect(m_send, &QPushButton::clicked, this, [this] { actions().waves.send(state().selectedUserWave); });
     row->addWidget(load);
     row->addWidget(store);
     row->addStretch(1);
     row->addWidget(m_unsentMark);
-    row->addWidget(send);
+    row->addWidget(m_send);
     return row;
 }
 
@@ -173,7 +182,8 @@ QGroupBox* UserWaveTabView::makeSampleGroup()
     QGroupBox* const group = makeToneGroup(tr("数式サンプル"));
     for (const std::string_view sample : UserWaveformBuilder::formulaSamples) {
         const QString formula = fromCore(sample);
-        QPushButton* const button = makeButton(formula);
+        auto* const button = new ElidedButton(formula);
+        button->setObjectName(formula);
         button->setStyleSheet(QStringLiteral("text-align: left; padding: 4px 10px;"));
         connect(button, &QPushButton::clicked, this, [this, formula] { actions().waves.chooseFormula(formula); });
         group->layout()->addWidget(button);
@@ -185,15 +195,20 @@ void UserWaveTabView::showState()
 {
     const ToneEditorState& present = state();
     m_list->setSelectedIndex(present.selectedUserWave);
+    // A stroke belongs to the slot on which it began.
+    if (present.selectedUserWave != m_shownSlot) m_editor->endEditing();
+    m_shownSlot = present.selectedUserWave;
     m_editor->setSamples(present.userWave());
     // The mark keeps its room, so that the button stays where it is.
     m_unsentMark->setText(present.isUserWaveUnsent() ? tr("未送信") : QString());
+    describe(*m_send, m_unsentMark->text());
     m_formula->setBoundText(present.userWaveFormula);
     const bool isGood = present.userWaveFormulaStatus == QString::fromUtf8(okStatus);
     QPalette colors = palette();
     colors.setColor(QPalette::WindowText, isGood ? successColor(palette()) : errorColor(palette()));
     m_formulaStatus->setPalette(colors);
     m_formulaStatus->setText(present.userWaveFormulaStatus);
+    describe(*m_formula, present.userWaveFormulaStatus);
     if (present.isUserWaveFormulaHelpPresented != m_help->isVisible()) showHelp();
 }
 

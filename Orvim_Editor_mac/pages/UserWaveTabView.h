@@ -4,6 +4,7 @@
 
 class QGroupBox;
 class QLabel;
+class QPushButton;
 class QToolButton;
 
 namespace orvim {
@@ -35,7 +36,9 @@ private:
 
     PreviewPatchListView* m_list = nullptr;
     UserWaveformEditorView* m_editor = nullptr;
+    int m_shownSlot = 0; ///< whose samples the editor shows
     QLabel* m_unsentMark = nullptr;
+    QPushButton* m_send = nullptr;
     ValidatedTextField* m_formula = nullptr;
     QLabel* m_formulaStatus = nullptr;
     QToolButton* m_helpButton = nullptr;

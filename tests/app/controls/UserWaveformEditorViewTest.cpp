@@ -29,16 +29,16 @@ protected:
 
     void press(int x, int y) { QTest::mousePress(surface, Qt::LeftButton, {}, {x, y}); }
     void release(int x, int y) { QTest::mouseRelease(surface, Qt::LeftButton, {}, {x, y}); }
-    void drag(QPoint point)
+    void drag(QPointF point)
     {
         QMouseEvent event(QEvent::MouseMove, point, surface->mapToGlobal(point), Qt::NoButton, Qt::LeftButton,
                           Qt::NoModifier);
         QApplication::sendEvent(surface, &event);
     }
 
+    std::vector<UserWaveform> edits;
     UserWaveformEditorView view;
     UserWaveformNSView* surface = nullptr;
-    std::vector<UserWaveform> edits;
 };
 
 TEST_F(UserWaveformEditorViewTest, AClickWritesOneSampleAndEndsOnce)
@@ -78,14 +78,65 @@ TEST_F(UserWaveformEditorViewTest, LeavingTheSurfaceEndsTheEditAndTheReleaseDoes
     EXPECT_EQ(view.samples()[50], 1);
 }
 
-TEST_F(UserWaveformEditorViewTest, TheProgramsSamplesAreSilentAndWaitForAStroke)
+TEST_F(UserWaveformEditorViewTest, TheProgramsSamplesAreSilentAndTheSameAgainLeaveAStroke)
 {
     view.setSamples(UserWaveform(2'048, 5));
     EXPECT_TRUE(edits.empty());
-    press(10, 100);
+    press(10, 0);
+    view.setSamples(UserWaveform(2'048, 5));
+    EXPECT_EQ(view.samples()[10], 32'767);
+    release(10, 0);
+    ASSERT_EQ(edits.size(), 1U);
+    EXPECT_EQ(edits[0][10], 32'767);
+}
+
+TEST_F(UserWaveformEditorViewTest, OtherSamplesOfTheProgramGiveAStrokeUp)
+{
+    press(10, 0);
     view.setSamples(UserWaveform(2'048, 9));
-    EXPECT_EQ(view.samples()[500], 5);
-    release(10, 100);
+    EXPECT_FALSE(surface->isEditing());
+    drag({20, 0});
+    release(20, 0);
+    EXPECT_TRUE(edits.empty());
+    EXPECT_EQ(view.samples(), UserWaveform(2'048, 9));
+}
+
+TEST_F(UserWaveformEditorViewTest, LosingTheFocusOrTheReleaseEndsTheStroke)
+{
+    view.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+    press(10, 0);
+    surface->clearFocus();
+    EXPECT_EQ(edits.size(), 1U);
+    EXPECT_FALSE(surface->isEditing());
+    press(20, 0);
+    QMouseEvent event(QEvent::MouseMove, QPointF(30, 0), surface->mapToGlobal(QPoint(30, 0)), Qt::NoButton,
+                      Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(surface, &event);
+    EXPECT_EQ(edits.size(), 2U);
+    EXPECT_EQ(view.samples()[30], 1);
+}
+
+TEST_F(UserWaveformEditorViewTest, APressAfterALostReleaseStartsAStrokeOfItsOwn)
+{
+    press(10, 0);
+    press(30, 0);
+    release(30, 0);
+    ASSERT_EQ(edits.size(), 2U);
+    EXPECT_EQ(edits[1][20], 1);
+}
+
+TEST_F(UserWaveformEditorViewTest, TheSurfaceEndsAtItsEdgeOnAFinerDisplayToo)
+{
+    press(2'000, 100);
+    drag({2'047.5, 100});
+    drag({2'000, 256.5});
+    EXPECT_TRUE(edits.empty());
+    drag({2'000, 257});
+    EXPECT_EQ(edits.size(), 1U);
+    press(10, 100);
+    drag({-0.1, 100});
+    EXPECT_EQ(edits.size(), 2U);
 }
 
 TEST_F(UserWaveformEditorViewTest, AWaveformThatIsNotWholeIsNotDrawnOn)
