@@ -92,7 +92,8 @@ void ADSRGraphView::drawLines(QPainter& painter) const
     painter.drawLine(QPoint(leftEdge, baseY), QPoint(endX, baseY));
     if (!m_parameters.releaseActive) return;
     painter.setPen(QPen(markColor(), 1, Qt::DashLine, Qt::FlatCap));
-    painter.drawLine(QPoint(noteOffX, 1 - topMargin), QPoint(noteOffX, baseY));
+    // From the edge of a pixel on, so that the dashes fill theirs.
+    painter.drawLine(QPointF(noteOffX, 0.5 - topMargin), QPointF(noteOffX, baseY));
 }
 
 void ADSRGraphView::describe()
