@@ -95,13 +95,25 @@ TEST(ADSREnvelope, ASustainRateTakesOneLevelAPeriod)
 
 TEST(ADSREnvelope, AStepDueExactlyAtTheNotesEndIsTaken)
 {
-    // From 120 * (2 a + 1) + 1 on, a decay of 2 * 120 * d + 121 units and steps of 60 reach 96,000 exactly or not at
-    // all; a period of one unit does so for certain.
-    const auto curve = points({.sustainLevel = 127, .sustainRate = 7'680, .releaseActive = true});
-    EXPECT_EQ(curve[3], (EnvelopePoint{242 + 254, 0}));
-    const auto slow = points({.sustainLevel = 127, .sustainRate = 80, .releaseActive = true});
-    // (96,000 - 242) / 96 is 997.4: all 254 levels go before the end.
-    EXPECT_EQ(slow[3], (EnvelopePoint{242 + 254 * 96, 0}));
+    // The decay ends at 121 + 37 * 120 + 1; from there 131 periods of 698 units end at 96,000.
+    const auto curve = points({.decay = 18, .sustainLevel = 127, .sustainRate = 11, .releaseActive = true});
+    EXPECT_EQ(curve[2], (EnvelopePoint{4'562, 254}));
+    EXPECT_EQ(curve[3], (EnvelopePoint{96'000, 254 - 131}));
+}
+
+TEST(ADSREnvelope, AStepOfTheReleaseDueExactlyAtTheEndOfTheGraphIsTaken)
+{
+    // 192 steps of 500 units.
+    const auto curve = points({.sustainLevel = 127, .release = 125});
+    EXPECT_EQ(curve[4], (EnvelopePoint{192'000, 254 - 192}));
+}
+
+TEST(ADSREnvelope, ASustainOfAFastRateEndsBeforeTheNote)
+{
+    const auto fastest = points({.sustainLevel = 127, .sustainRate = 7'680, .releaseActive = true});
+    EXPECT_EQ(fastest[3], (EnvelopePoint{242 + 254, 0}));
+    const auto slower = points({.sustainLevel = 127, .sustainRate = 80, .releaseActive = true});
+    EXPECT_EQ(slower[3], (EnvelopePoint{242 + 254 * 96, 0}));
 }
 
 TEST(ADSREnvelope, AReleaseTakesFourTimesItsSettingALevel)
@@ -137,10 +149,10 @@ TEST(ADSREnvelope, NegativeSettingsCountAsZero)
 TEST(ADSREnvelope, IsWhatCountingEachTimeUnitGives)
 {
     for (const int attack : {0, 1, 64, 127})
-        for (const int decay : {0, 5, 127})
+        for (const int decay : {0, 5, 18, 127})
             for (const int level : {0, 1, 63, 90, 127})
-                for (const int rate : {0, 1, 12, 127})
-                    for (const int release : {0, 1, 35, 127})
+                for (const int rate : {0, 1, 11, 12, 127})
+                    for (const int release : {0, 1, 35, 125, 127})
                         for (const bool active : {true, false}) {
                             const ADSRParameters p{attack, decay, level, rate, release, active};
                             ASSERT_EQ(points(p), pointsByCounting(p))
