@@ -64,6 +64,7 @@ void ToneEditorPreviews::installOpenTab()
 
 void ToneEditorPreviews::install(ToneEditorTab tab)
 {
+    // The lists never shrink, and the model limits every selection to its list.
     if (tab == ToneEditorTab::userMelody) installUserMelody();
     if (tab == ToneEditorTab::userDrum) installUserDrum();
     if (tab == ToneEditorTab::userWave) installUserWave();

@@ -8,6 +8,7 @@ namespace {
 using test::bytes;
 using testing::ElementsAre;
 using tonavelle::Batch;
+using Part = tonavelle::PerformanceMonitorPart;
 using Tab = ToneEditorTab;
 
 class ToneEditorPreviewsTest : public test::ToneEditorTest
@@ -37,7 +38,7 @@ TEST_F(ToneEditorPreviewsTest, TheMelodyTabSelectsItsPatchOnChannel1)
     EXPECT_THAT(sent(), ElementsAre(bytes("B0 63 0A"), bytes("B0 62 00"), bytes("B0 06 00"), bytes("B0 26 00"),
                                     bytes("B0 00 10"), bytes("B0 20 00"), bytes("C0 07")));
     EXPECT_EQ(labels(), QStringList{QStringLiteral("Select User Melody Patch")});
-    EXPECT_EQ(part(0).name, "008:User Melody");
+    EXPECT_EQ(part(0), (Part{"008:User Melody", true, false, 7}));
     EXPECT_EQ(state().instrument.channels[0].programChange, 0);
 }
 
@@ -47,7 +48,7 @@ TEST_F(ToneEditorPreviewsTest, TheDrumTabSelectsTheDrumSetOnChannel10)
     EXPECT_THAT(sent(), ElementsAre(bytes("B9 63 0A"), bytes("B9 62 00"), bytes("B9 06 01"), bytes("B9 26 00"),
                                     bytes("B9 00 10"), bytes("B9 20 00"), bytes("C9 00")));
     EXPECT_EQ(labels(), QStringList{QStringLiteral("Select User Drum Patch")});
-    EXPECT_EQ(part(9).name, "001:User Drum");
+    EXPECT_EQ(part(9), (Part{"001:User Drum", true, true, 0}));
 }
 
 TEST_F(ToneEditorPreviewsTest, TheWaveTabSelectsItsSlotOnChannel1)
@@ -58,7 +59,7 @@ TEST_F(ToneEditorPreviewsTest, TheWaveTabSelectsItsSlotOnChannel1)
                                     bytes("B0 00 00"), bytes("B0 20 00"), bytes("C0 50"), bytes("B0 63 02"),
                                     bytes("B0 62 00"), bytes("B0 06 0A"), bytes("B0 26 00")));
     EXPECT_EQ(labels(), QStringList{QStringLiteral("Select User Wave Preview")});
-    EXPECT_EQ(part(0).name, "081:Square Wave");
+    EXPECT_EQ(part(0), (Part{"081:Square Wave", false, false, 80}));
 }
 
 TEST_F(ToneEditorPreviewsTest, LeavingTheMelodyTabForTheMasterEndsTheNoteAndRestoresNothingUntilTheChannelTab)
@@ -81,8 +82,8 @@ TEST_F(ToneEditorPreviewsTest, LeavingTheMelodyTabForTheMasterEndsTheNoteAndRest
     EXPECT_EQ(restored[restored.size() - 7], bytes("B9 63 0A"));
     EXPECT_EQ(restored[restored.size() - 5], bytes("B9 06 01"));
     EXPECT_EQ(restored.back(), bytes("C9 00"));
-    EXPECT_EQ(part(0).name, "001:Piano 1");
-    EXPECT_EQ(part(9).name, "001:Standard Set");
+    EXPECT_EQ(part(0), (Part{"001:Piano 1", false, false, 0}));
+    EXPECT_EQ(part(9), (Part{"001:Standard Set", false, true, 0}));
 }
 
 TEST_F(ToneEditorPreviewsTest, GoingFromOneUserTabToAnotherRestoresNothing)
@@ -104,7 +105,7 @@ TEST_F(ToneEditorPreviewsTest, AHeldRowPlaysItsPatchUntilTheRelease)
                                        bytes("80 3C 00")));
     EXPECT_EQ(state().userMelodyPreviewIndex, std::nullopt);
     EXPECT_TRUE(plugged.log().isEmpty());
-    EXPECT_EQ(part(0).name, "004:User Melody");
+    EXPECT_EQ(part(0), (Part{"004:User Melody", true, false, 3}));
 }
 
 TEST_F(ToneEditorPreviewsTest, AHeldDrumRowPlaysItsNoteOnChannel10)
@@ -112,6 +113,7 @@ TEST_F(ToneEditorPreviewsTest, AHeldDrumRowPlaysItsNoteOnChannel10)
     actions.previews.pressUserDrum(38);
     EXPECT_EQ(state().userDrumPreviewNote, 38);
     actions.previews.releaseUserDrum();
+    EXPECT_EQ(part(9), (Part{"001:User Drum", true, true, 0}));
     const Batch notes = played(9);
     EXPECT_EQ(notes[7], bytes("99 26 7F"));
     EXPECT_EQ(notes[8], bytes("89 26 00"));
@@ -122,6 +124,7 @@ TEST_F(ToneEditorPreviewsTest, AHeldWaveRowPlaysItsSlot)
     actions.previews.pressUserWave(3);
     EXPECT_EQ(state().userWavePreviewSlot, 3);
     actions.previews.releaseUserWave();
+    EXPECT_EQ(part(0), (Part{"081:Square Wave", false, false, 80}));
     const Batch notes = played(13);
     EXPECT_EQ(notes[9], bytes("B0 06 0B"));
     EXPECT_EQ(notes[11], bytes("90 3C 7F"));
@@ -130,10 +133,17 @@ TEST_F(ToneEditorPreviewsTest, AHeldWaveRowPlaysItsSlot)
 
 TEST_F(ToneEditorPreviewsTest, AWavePreviewThatCannotBeBuiltIsReportedAndPlaysNothing)
 {
+    actions.previews.pressUserWave(1);
     actions.previews.pressUserWave(4);
     EXPECT_EQ(status(), QStringLiteral("スロット番号が不正"));
     EXPECT_EQ(plugged.log(), QStringLiteral(" スロット番号が不正\n"));
     EXPECT_EQ(state().userWavePreviewSlot, std::nullopt);
+    // The note that sounded ends, and nothing else comes before the next one.
+    actions.previews.pressChannel(7);
+    const Batch notes = played(14);
+    ASSERT_EQ(notes.size(), 14U);
+    EXPECT_EQ(notes[12], bytes("80 3C 00"));
+    EXPECT_EQ(notes[13], bytes("97 3C 7F"));
 }
 
 TEST_F(ToneEditorPreviewsTest, ARowHeldOverATabChangeEndsThereAndTheLaterReleaseDoesNothing)
@@ -145,7 +155,26 @@ TEST_F(ToneEditorPreviewsTest, ARowHeldOverATabChangeEndsThereAndTheLaterRelease
     EXPECT_EQ(played(1), Batch{bytes("89 28 00")});
     actions.previews.releaseUserDrum();
     actions.previews.pressChannel(0);
-    EXPECT_EQ(played(2).back(), bytes("90 3C 7F"));
+    EXPECT_EQ(played(2), (Batch{bytes("89 28 00"), bytes("90 3C 7F")}));
+}
+
+TEST_F(ToneEditorPreviewsTest, ARowThatIsNoneEndsTheNoteAndPlaysNothing)
+{
+    actions.previews.pressChannel(16);
+    actions.previews.pressUserMelody(128);
+    actions.previews.pressUserDrum(-1);
+    actions.previews.pressChannel(2);
+    EXPECT_EQ(played(1), Batch{bytes("92 3C 7F")});
+}
+
+TEST_F(ToneEditorPreviewsTest, ASelectionOutsideItsListIsBroughtBackBeforeItIsInstalled)
+{
+    actions.patches.selectUserMelody(500);
+    EXPECT_EQ(state().selectedUserMelody, 127);
+    open(Tab::userMelody);
+    EXPECT_EQ(sent().back(), bytes("C0 7F"));
+    actions.waves.selectUserWave(-3);
+    EXPECT_EQ(state().selectedUserWave, 0);
 }
 
 TEST_F(ToneEditorPreviewsTest, ATabChangeWithoutAHeldRowPlaysNothing)
@@ -171,7 +200,7 @@ TEST_F(ToneEditorPreviewsTest, EveryTabChangeEndsAChannelsTestNote)
 {
     actions.previews.pressChannel(4);
     open(Tab::master);
-    EXPECT_EQ(played(2).back(), bytes("84 3C 00"));
+    EXPECT_EQ(played(2), (Batch{bytes("94 3C 7F"), bytes("84 3C 00")}));
     EXPECT_EQ(state().previewChannel, std::nullopt);
 }
 

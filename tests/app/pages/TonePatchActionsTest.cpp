@@ -29,6 +29,7 @@ TEST_F(TonePatchActionsTest, APresetLoadsItsSoundKeepsTheNameAndIsRemembered)
     EXPECT_EQ(state().userMelody().name, "User Melody");
     EXPECT_EQ(state().userMelody().parameters.waveType, 1);
     EXPECT_EQ(sent(), Batch{bytes("F0 00 48 05 7F 40 00 00 00 00 00 01 00 00 00 02 00 00 00 7F 00 00 00 1E F7")});
+    EXPECT_EQ(labels(), QStringList{QStringLiteral("SysEx: User Patch Param Send")});
     actions.patches.setUserMelody(ID::outputGain, 31);
     EXPECT_EQ(state().userMelody().presetProgram, std::nullopt);
 }
@@ -80,6 +81,31 @@ TEST_F(TonePatchActionsTest, RenamingTheDrumSetRenamesTheChannelsThatPlayIt)
     EXPECT_EQ(sent(), Batch{bytes("F0 00 48 05 7F 41 01 00 00 4B 69 74 20 20 20 20 20 20 20 20 20 F7")});
     EXPECT_EQ(labels(), QStringList{QStringLiteral("SysEx: User Drum Name Send")});
     EXPECT_EQ(part(9).name, "001:Kit");
+}
+
+TEST_F(TonePatchActionsTest, RenamingTheDrumSetReachesChannelsThatPlayItUnderAnyProgram)
+{
+    // As a file may give it to a channel.
+    actions.model.change(ToneEditorPart::channel, [](ToneEditorState& state) {
+        auto& channel = state.instrument.channels[3];
+        channel.drumTrackSetting = tonavelle::ToneDrumTrackSetting::drum;
+        channel.bankKind = tonavelle::ToneBankKind::user;
+        channel.programChange = 5;
+    });
+    plugged.runtime.displaySimulator().setPart(3, "001:User Drum", true, true, 5);
+    plugged.runtime.displaySimulator().setPart(9, "001:User Drum", true, true, 0);
+    actions.patches.setDrumSetName(QStringLiteral("Kit"));
+    EXPECT_EQ(part(3).name, "001:Kit");
+    EXPECT_EQ(part(9).name, "001:Kit");
+    EXPECT_EQ(part(4).name, "001:Piano 1");
+}
+
+TEST_F(TonePatchActionsTest, RenamingTheMelodyThatIsPreviewedRenamesItsRow)
+{
+    actions.patches.selectUserMelody(3);
+    actions.previews.pressUserMelody(3);
+    actions.patches.setUserMelodyName(QStringLiteral("Bell"));
+    EXPECT_EQ(part(0).name, "004:Bell");
 }
 
 TEST_F(TonePatchActionsTest, ADrumNotesNameIsKeptWithoutASend)

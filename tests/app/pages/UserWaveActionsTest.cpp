@@ -96,6 +96,49 @@ TEST_F(UserWaveActionsTest, SendingASlotSelectsItSendsItsSectionsAndClearsTheMar
     EXPECT_FALSE(state().isUserWaveUnsent());
 }
 
+TEST_F(UserWaveActionsTest, WhatCountsAsSentIsWhatStoodInTheSlotBeforeTheSend)
+{
+    actions.waves.selectUserWave(3);
+    actions.waves.chooseFormula(QStringLiteral("0"));
+    // While a send waits for room, timers and queued calls run.
+    plugged.system.onSend = [this] {
+        plugged.system.onSend = {};
+        actions.waves.setSamples(UserWaveform(2'048, 5));
+        actions.waves.selectUserWave(1);
+    };
+    actions.waves.send(3);
+    EXPECT_EQ(state().sentUserWaveforms[3], UserWaveform(2'048, 0));
+    EXPECT_EQ(state().sentUserWaveforms[1], tonavelle::UserWaveformBuilder::sine());
+    EXPECT_EQ(status(), QStringLiteral("User Wave 4 を送信しました。"));
+    actions.waves.selectUserWave(3);
+    EXPECT_TRUE(state().isUserWaveUnsent());
+}
+
+TEST_F(UserWaveActionsTest, UndoTakesTheLastEditOfTheSlotBackAndForth)
+{
+    const UserWaveform before = state().userWave();
+    actions.waves.undo();
+    EXPECT_EQ(state().userWave(), before);
+    actions.waves.chooseFormula(QStringLiteral("0"));
+    actions.waves.selectUserWave(1);
+    actions.waves.undo();
+    EXPECT_EQ(state().userWave(), before);
+    actions.waves.selectUserWave(0);
+    actions.waves.undo();
+    EXPECT_EQ(state().userWave(), before);
+    actions.waves.undo();
+    EXPECT_EQ(state().userWave(), UserWaveform(2'048, 0));
+}
+
+TEST_F(UserWaveActionsTest, UndoDoesNotReachBehindOtherData)
+{
+    actions.waves.chooseFormula(QStringLiteral("0"));
+    actions.model.change(ToneEditorPart::userWave,
+                         [](ToneEditorState& state) { state.instrument.userWaveforms[0] = UserWaveform(2'048, 9); });
+    actions.waves.undo();
+    EXPECT_EQ(state().userWave(), UserWaveform(2'048, 9));
+}
+
 TEST_F(UserWaveActionsTest, ASlotThatIsNoneIsReported)
 {
     actions.waves.send(4);
