@@ -212,8 +212,11 @@ TEST_F(UserWaveTabTest, TheHelpButtonOpensTheHelpAndTheNextClickOnItOnlyClosesIt
     settle();
     auto* const help = scaffold.findChild<QFrame*>(QStringLiteral("formulaHelp"));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(help));
-    const QPoint place = help->mapFromGlobal(button.mapToGlobal(button.rect().center()));
-    QTest::mouseClick(help->windowHandle(), Qt::LeftButton, {}, place);
+    const QPoint place = button.mapToGlobal(button.rect().center());
+    // A popup gets the press beside it, the window below it the release.
+    QTest::mousePress(help->windowHandle(), Qt::LeftButton, {}, help->mapFromGlobal(place));
+    settle();
+    QTest::mouseRelease(scaffold.windowHandle(), Qt::LeftButton, {}, scaffold.mapFromGlobal(place));
     settle();
     EXPECT_FALSE(help->isVisible());
     EXPECT_FALSE(state().isUserWaveFormulaHelpPresented);
