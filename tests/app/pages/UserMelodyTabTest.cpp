@@ -79,7 +79,7 @@ TEST_F(UserMelodyTabTest, ARowHeldOverATabChangeEndsThereAndTheLaterReleaseDoesN
 {
     PreviewPatchListView& melodies = list();
     pressRow(3);
-    open(ToneEditorTab::userDrum);
+    click(ToneEditorTab::userDrum);
     QTest::mouseRelease(melodies.viewport(), Qt::LeftButton);
     settle();
     page->actions().previews.pressChannel(4);
