@@ -1,4 +1,5 @@
 #include "controls/SegmentedPicker.h"
+#include "controls/SliderNumberField.h"
 #include "controls/TickSnappingSlider.h"
 #include "core/tone/ToneDataFile.h"
 #include "tests/app/support/LogLabels.h"
@@ -239,6 +240,23 @@ TEST_F(ChannelTabTest, ASoundOfATypeThatHasNoNameCanBeGivenTheFirst)
     auto expected = tonavelle::factoryToneInstrument().channels[0];
     expected.sweepType = 0;
     EXPECT_EQ(state().channel(), expected);
+}
+
+TEST_F(ChannelTabTest, AValuePastTheSlidersEndIsShownAsItIsAndSentOnlyWhenItIsChanged)
+{
+    auto odd = tonavelle::factoryToneInstrument();
+    odd.channels[0].waveNumber = 100;
+    openFileWith(odd);
+    open(ToneEditorTab::channel);
+    auto& number = control<SliderNumberField>("Wave Num number");
+    EXPECT_EQ(number.text(), QStringLiteral("100"));
+    press(number, Qt::Key_Tab);
+    EXPECT_TRUE(plugged.sent().empty());
+    EXPECT_EQ(state().channel().waveNumber, 100);
+    number.selectAll();
+    QTest::keyClicks(&number, QStringLiteral("12"));
+    QTest::keyClick(&number, Qt::Key_Return);
+    EXPECT_EQ(plugged.sent(), batch({"B0 63 02", "B0 62 01", "B0 06 0C", "B0 26 00"}));
 }
 
 } // namespace
