@@ -23,8 +23,9 @@ public:
     void close();
 
     /// Waits on the main thread until `isDone`, which is asked when stirred and every few milliseconds. The window goes
-    /// on painting and timers run; what the user types or presses meanwhile is kept until the end, and drops are refused
-    /// where they cannot wait. May be called within itself. False: the application is to quit, and there is no more waiting.
+    /// on painting and timers run; what the user types or presses meanwhile is kept until the end, and drops are
+    /// refused where they cannot wait. May be called within itself. False: the application is to quit, and there is no
+    /// more waiting.
     bool waitUntil(const std::function<bool()>& isDone);
 
 Q_SIGNALS:
