@@ -32,6 +32,9 @@ public:
     bool move()
     {
         QDragMoveEvent event(m_position, actions, &m_data, Qt::LeftButton, Qt::NoModifier);
+        // What took the enter takes the moves, unless it says otherwise.
+        event.setDropAction(Qt::CopyAction);
+        event.accept();
         return isTaken(event);
     }
 
