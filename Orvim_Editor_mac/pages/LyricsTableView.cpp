@@ -1,5 +1,6 @@
 #include "pages/LyricsTableView.h"
 
+#include "controls/DropHint.h"
 #include "pages/LyricsPageActions.h"
 
 #include <QActionGroup>
@@ -7,7 +8,6 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QInputMethod>
-#include <QLabel>
 #include <QMenu>
 #include <QScrollBar>
 
@@ -23,7 +23,6 @@ constexpr int numberWidthInDigits = 11;
 constexpr int commandPadding = 48;
 constexpr int buttonPadding = 44;
 constexpr int leastTextWidth = 200;
-constexpr int hintPixelSize = 16;
 constexpr int hintMargin = 12;
 
 LyricsColumn columnOf(const QModelIndex& index)
@@ -54,14 +53,7 @@ LyricsTableView::LyricsTableView(LyricsPageActions& actions, QWidget* parent) : 
     horizontalHeader()->setSectionsClickable(false);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, &LyricsTableView::fitTextColumn);
 
-    m_dropHint = new QLabel(tr("ここにMIDIファイルを\nドラッグして下さい"), this);
-    m_dropHint->setObjectName(QStringLiteral("dropHint"));
-    m_dropHint->setAlignment(Qt::AlignCenter);
-    m_dropHint->setAttribute(Qt::WA_TransparentForMouseEvents);
-    m_dropHint->setForegroundRole(QPalette::PlaceholderText);
-    QFont font = m_dropHint->font();
-    font.setPixelSize(hintPixelSize);
-    m_dropHint->setFont(font);
+    m_dropHint = new DropHint(tr("ここにMIDIファイルを\nドラッグして下さい"), this);
 
     fitSizesToFont();
     connect(&actions, &LyricsPageActions::listChanged, this, &LyricsTableView::showList);

@@ -1,5 +1,6 @@
 #include "pages/TransferListView.h"
 
+#include "controls/DropHint.h"
 #include "controls/ElidedLabel.h"
 #include "pages/TransferListActions.h"
 #include "platform/InputHold.h"
@@ -21,7 +22,6 @@ namespace {
 
 constexpr int rowMargin = 8;
 constexpr int rowSpacing = 12;
-constexpr int hintPixelSize = 16;
 constexpr int dropFrameWidth = 2;
 constexpr int itemIDRole = Qt::UserRole;
 
@@ -77,15 +77,8 @@ TransferListView::TransferListView(TransferListActions& actions, QWidget* parent
     InputHold::takeDropsAtAllTimes(*viewport());
     setFrameShape(QFrame::NoFrame);
 
-    m_dropHint = new QLabel(QString::fromUtf8(actions.words().dropHint), viewport());
-    m_dropHint->setObjectName(QStringLiteral("dropHint"));
-    m_dropHint->setAlignment(Qt::AlignCenter);
+    m_dropHint = new DropHint(QString::fromUtf8(actions.words().dropHint), viewport());
     m_dropHint->setWordWrap(true);
-    m_dropHint->setAttribute(Qt::WA_TransparentForMouseEvents);
-    m_dropHint->setForegroundRole(QPalette::PlaceholderText);
-    QFont font = m_dropHint->font();
-    font.setPixelSize(hintPixelSize);
-    m_dropHint->setFont(font);
     auto* const middle = new QVBoxLayout(viewport());
     middle->addWidget(m_dropHint);
 
