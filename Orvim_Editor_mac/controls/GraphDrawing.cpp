@@ -4,6 +4,8 @@
 #include "controls/ThemeColors.h"
 
 #include <QEvent>
+#include <QLineF>
+#include <QList>
 #include <QPainter>
 
 namespace orvim {
@@ -73,9 +75,13 @@ void drawCurve(QPainter& painter, const QPolygonF& curve, double baseY, const Gr
     painter.setPen(Qt::NoPen);
     painter.setBrush(colors.fillColor);
     painter.drawPolygon(area);
-    painter.setPen(QPen(colors.mainColor, graphLineWidth, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPolyline(curve);
+    // Lines one by one, each reaching over its ends, take a fraction of the time of one line with joins.
+    QList<QLineF> lines;
+    lines.reserve(curve.size());
+    for (qsizetype i = 1; i < curve.size(); ++i)
+        lines << QLineF(curve[i - 1], curve[i]);
+    painter.setPen(QPen(colors.mainColor, graphLineWidth, Qt::SolidLine, Qt::SquareCap));
+    painter.drawLines(lines);
 }
 
 } // namespace orvim
