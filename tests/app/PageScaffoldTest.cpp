@@ -76,11 +76,14 @@ protected:
             buttons.push_back(header.addToolbarButton(QString::fromUtf8(name), QStringLiteral("folder")));
         page.setContent(new QWidget);
         page.show();
+        // A window manager gives a window that it is still showing the size that it asked for at first.
+        (void)QTest::qWaitForWindowExposed(&page);
     }
 
     void resize(int width)
     {
         page.resize(width, 400);
+        (void)QTest::qWaitFor([this, width] { return page.width() == width; });
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
         QCoreApplication::processEvents();
     }
