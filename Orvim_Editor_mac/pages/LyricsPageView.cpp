@@ -191,10 +191,10 @@ void LyricsPageView::dropEvent(QDropEvent* event)
     if (!event->mimeData()->hasUrls()) return event->ignore();
     event->setDropAction(Qt::CopyAction);
     event->accept();
+    const auto urls = event->mimeData()->urls();
+    if (!LyricsPageActions::takes(urls)) return;
     // The other program waits for the end of the drop, so the song is opened behind it.
-    QMetaObject::invokeMethod(this,
-                              committed([this, urls = event->mimeData()->urls()] { m_actions.openDropped(urls); }),
-                              Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, committed([this, urls] { m_actions.openDropped(urls); }), Qt::QueuedConnection);
 }
 
 void LyricsPageView::resizeEvent(QResizeEvent* event)

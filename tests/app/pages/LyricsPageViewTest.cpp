@@ -195,6 +195,19 @@ TEST_F(LyricsPageViewTest, ADroppedWAVFileDoesNothingAndReportsNothing)
     EXPECT_FALSE(state().hasOpenedMIDI);
 }
 
+TEST_F(LyricsPageViewTest, ADroppedWAVFileLeavesAnEditOpen)
+{
+    open(songOfLyrics(2));
+    goTo(0, LyricsColumn::text);
+    type(QStringLiteral("typed"));
+    const QString wave = write(QStringLiteral("a.wav"), bytes("52 49 46 46"));
+    EXPECT_TRUE(dropOnMiddle(page(), {QUrl::fromLocalFile(wave)}));
+    QTest::qWait(50);
+    ASSERT_TRUE(editor());
+    EXPECT_EQ(editor()->text(), QStringLiteral("typed"));
+    EXPECT_EQ(row(0).text, "0");
+}
+
 TEST_F(LyricsPageViewTest, ATextThatIsNoAddressIsNotTaken)
 {
     QMimeData text;
