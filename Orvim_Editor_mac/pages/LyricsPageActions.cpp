@@ -3,20 +3,22 @@
 #include "DisplaySimulatorState.h"
 #include "MIDIOutManager.h"
 #include "core/media/LyricsSysExBuilder.h"
+#include "core/protocol/SimpleMIDIFileReader.h"
 #include "core/protocol/SysExBuilder.h"
 #include "pages/DroppedFiles.h"
 #include "pages/Report.h"
 #include "platform/BackgroundWork.h"
 #include "platform/Dialogs.h"
-#include "platform/MIDIFileLoaders.h"
 #include "platform/WholeFile.h"
 
+#include <QCryptographicHash>
 #include <QFileInfo>
 #include <QScopeGuard>
 
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <stdexcept>
 #include <utility>
 
 namespace orvim {
@@ -26,6 +28,13 @@ using tonavelle::LyricsRow;
 namespace {
 
 constexpr std::array<const char*, 2> songExtensions{"mid", "midi"};
+
+QByteArray digestOf(const std::vector<std::uint8_t>& bytes)
+{
+    const auto content =
+        QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
+    return QCryptographicHash::hash(content, QCryptographicHash::Sha256);
+}
 
 } // namespace
 
@@ -51,7 +60,7 @@ void LyricsPageActions::report(const char* text)
     orvim::report(m_midiOutManager, QString::fromUtf8(text));
 }
 
-/// The rows belong to one action at a time; a drop that comes meanwhile follows it.
+/// The rows belong to one action at a time; drops that come meanwhile follow it.
 void LyricsPageActions::whileBusy(const std::function<void()>& action)
 {
     if (m_isBusy) return;
@@ -60,7 +69,15 @@ void LyricsPageActions::whileBusy(const std::function<void()>& action)
         const auto end = qScopeGuard([this] { m_isBusy = false; });
         action();
     }
-    if (const auto path = std::exchange(m_waitingDrop, std::nullopt)) load(*path);
+    if (!m_waitingDrops.isEmpty()) load(m_waitingDrops.takeFirst());
+}
+
+/// False: the application is to quit, and what waits is given up.
+bool LyricsPageActions::inBackground(const std::function<void()>& work)
+{
+    const bool goesOn = runInBackground(work);
+    if (!goesOn) m_waitingDrops.clear();
+    return goesOn;
 }
 
 void LyricsPageActions::openByPanel()
@@ -85,7 +102,7 @@ void LyricsPageActions::openDropped(const QList<QUrl>& urls)
 
 void LyricsPageActions::load(const QString& path)
 {
-    if (m_isBusy) m_waitingDrop = path;
+    if (m_isBusy) m_waitingDrops << path;
     whileBusy([&] { readAndShow(path); });
 }
 
@@ -93,15 +110,19 @@ void LyricsPageActions::readAndShow(const QString& path)
 {
     tonavelle::SimpleMIDIFile file;
     std::vector<LyricsRow> rows;
+    QByteArray digest;
     try {
-        const bool goesOn = runInBackground([&] {
-            file = readSimpleMIDIFile(path);
+        const bool goesOn = inBackground([&] {
+            const auto bytes = readWholeFile(path);
+            file = tonavelle::SimpleMIDIFileReader::read(bytes);
             rows = tonavelle::readLyricRows(file);
+            digest = digestOf(bytes);
         });
         if (!goesOn) return;
     } catch (const std::exception&) {
         return report("MIDIファイルを開けません。");
     }
+    m_openedDigest = digest;
     show(path, file, std::move(rows));
     report("MIDIファイルを読み込みました。");
 }
@@ -134,21 +155,34 @@ void LyricsPageActions::save()
         for (const auto& row : m_state.rows)
             rows.push_back(row.lyrics);
         bool isWritten = false;
+        QByteArray digest;
         try {
-            const bool goesOn = runInBackground([&] { isWritten = writeWholeFile(*path, fileBytes(rows)); });
+            const bool goesOn = inBackground([&] {
+                const auto bytes = fileBytes(rows);
+                digest = digestOf(bytes);
+                isWritten = writeWholeFile(*path, bytes);
+            });
             if (!goesOn) return;
         } catch (const std::exception&) {
             isWritten = false;
         }
+        const bool isOpenedSong = QFileInfo(*path) == QFileInfo(m_state.openedMIDIPath);
+        if (isWritten && isOpenedSong) m_openedDigest = digest;
         report(isWritten ? "MIDIファイルを保存しました。" : "MIDIファイルを保存できません。");
     });
 }
 
 std::vector<std::uint8_t> LyricsPageActions::fileBytes(std::span<const LyricsRow> rows) const
 {
-    std::optional<tonavelle::SimpleMIDIFile> opened;
-    if (m_state.hasOpenedMIDI && !m_state.openedMIDIPath.isEmpty()) opened = readSimpleMIDIFile(m_state.openedMIDIPath);
-    return tonavelle::buildLyricFile(rows, m_state.addJapaneseModeOn, std::move(opened), m_state.lyricsTicksPerBar);
+    return tonavelle::buildLyricFile(rows, m_state.addJapaneseModeOn, openedSong(), m_state.lyricsTicksPerBar);
+}
+
+std::optional<tonavelle::SimpleMIDIFile> LyricsPageActions::openedSong() const
+{
+    if (!m_state.hasOpenedMIDI || m_state.openedMIDIPath.isEmpty()) return std::nullopt;
+    const auto bytes = readWholeFile(m_state.openedMIDIPath);
+    if (digestOf(bytes) != m_openedDigest) throw std::runtime_error("the song is no longer the one that was opened");
+    return tonavelle::SimpleMIDIFileReader::read(bytes);
 }
 
 LyricsTableRow LyricsPageActions::newRow(const LyricsRow& model)

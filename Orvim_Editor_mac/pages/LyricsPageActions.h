@@ -2,8 +2,10 @@
 
 #include "pages/LyricsTableModel.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QObject>
+#include <QStringList>
 #include <QUrl>
 
 #include <functional>
@@ -15,8 +17,8 @@ class Dialogs;
 class DisplaySimulatorState;
 class MIDIOutManager;
 
-/// What the lyrics page does, without a window. While a song is read or written the window stays alive; a song dropped
-/// meanwhile is opened afterwards.
+/// What the lyrics page does, without a window. While a song is read or written the window stays alive; songs dropped
+/// meanwhile are opened afterwards.
 class LyricsPageActions : public QObject
 {
     Q_OBJECT
@@ -36,6 +38,8 @@ public:
     void openByPanel();
     void openDropped(const QList<QUrl>& urls);
     void load(const QString& path);
+    /// Fails where the open song is gone or no longer as it was opened: its rows belong to the bars and tracks read
+    /// then.
     void save();
     void insert();
     void insertBehind(LyricsRowID id);
@@ -55,9 +59,11 @@ Q_SIGNALS:
 private:
     void report(const char* text);
     void whileBusy(const std::function<void()>& action);
+    bool inBackground(const std::function<void()>& work);
     void readAndShow(const QString& path);
     void show(const QString& path, const tonavelle::SimpleMIDIFile& file, std::vector<tonavelle::LyricsRow> rows);
     std::vector<std::uint8_t> fileBytes(std::span<const tonavelle::LyricsRow> rows) const;
+    std::optional<tonavelle::SimpleMIDIFile> openedSong() const;
     QString proposedName() const;
     std::optional<std::size_t> positionOf(LyricsRowID id) const;
     /// A new row at the time and in the track of `model`.
@@ -71,8 +77,9 @@ private:
     LyricsPageState m_state;
     LyricsTableModel m_table{m_state.rows};
     LyricsRowID m_lastID = 0;
+    QByteArray m_openedDigest; ///< of the bytes of the open song
     bool m_isBusy = false;
-    std::optional<QString> m_waitingDrop;
+    QStringList m_waitingDrops;
 };
 
 } // namespace orvim

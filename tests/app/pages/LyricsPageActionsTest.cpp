@@ -233,13 +233,36 @@ TEST_F(LyricsPageActionsTest, OfSeveralDroppedFilesTheFirstSongIsOpened)
     EXPECT_EQ(state().rows.size(), 2u);
 }
 
-TEST_F(LyricsPageActionsTest, ADropWhileASongIsReadFollowsIt)
+TEST_F(LyricsPageActionsTest, DropsWhileASongIsReadFollowItEachWithItsReport)
 {
+    const QString none = write(QStringLiteral("none.mid"), bytes("4D 54 68 64"));
     const QString late = write(QStringLiteral("late.mid"), songOfLyrics(3));
-    QTimer::singleShot(0, &actions, [&] { actions.openDropped({QUrl::fromLocalFile(late)}); });
+    QTimer::singleShot(0, &actions, [&] {
+        actions.openDropped({QUrl::fromLocalFile(none)});
+        actions.openDropped({QUrl::fromLocalFile(late)});
+    });
     open(songOfLyrics(20'000));
     EXPECT_EQ(state().openedMIDIPath, late);
     EXPECT_EQ(state().rows.size(), 3u);
+    EXPECT_EQ(plugged.log(), QStringLiteral(" MIDIファイルを読み込みました。\n MIDIファイルを開けません。\n "
+                                            "MIDIファイルを読み込みました。\n"));
+}
+
+TEST_F(LyricsPageActionsTest, WhenTheApplicationQuitsDropsThatWaitAreGivenUp)
+{
+    const QString song = write(QStringLiteral("song.mid"), songOfLyrics(20'000));
+    const QString late = write(QStringLiteral("late.mid"), songOfLyrics(3));
+    QTimer::singleShot(0, &actions, [&] {
+        QTimer::singleShot(0, &actions, [&] {
+            actions.openDropped({QUrl::fromLocalFile(late)});
+            QTimer::singleShot(0, &actions, [] { QCoreApplication::quit(); });
+        });
+        actions.load(song);
+    });
+    QCoreApplication::exec();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(state().hasOpenedMIDI);
+    EXPECT_EQ(plugged.log(), QString());
 }
 
 TEST_F(LyricsPageActionsTest, WhatIsNoSongIsReportedAndLeavesTheTableAsItWas)
@@ -371,14 +394,33 @@ TEST_F(LyricsPageActionsTest, TheOptionDecidesWhetherTheJapaneseDisplayCommandIs
     EXPECT_THAT(saved().tracks.at(0).events, testing::Not(testing::Contains(modeOn)));
 }
 
-TEST_F(LyricsPageActionsTest, TheOpenSongItselfCanBeSavedOver)
+TEST_F(LyricsPageActionsTest, TheOpenSongItselfCanBeSavedOverAgainAndAgain)
 {
     open(songOfLyrics(2));
-    saveTo(path(QStringLiteral("song.mid")));
-    EXPECT_EQ(status(), QStringLiteral("MIDIファイルを保存しました。"));
+    ASSERT_TRUE(QFile::link(path(QStringLiteral("song.mid")), path(QStringLiteral("link.mid"))));
+    for (const auto* const name : {"song.mid", "link.mid", "./song.mid", "song.mid"}) {
+        edit(0, LyricsColumn::text, QString::fromUtf8(name));
+        saveTo(path(QString::fromUtf8(name)));
+        EXPECT_EQ(status(), QStringLiteral("MIDIファイルを保存しました。")) << name;
+    }
     const auto before = rows();
     actions.load(path(QStringLiteral("song.mid")));
     EXPECT_EQ(rows(), before);
+}
+
+TEST_F(LyricsPageActionsTest, AnotherSongInThePlaceOfTheOpenOneMakesTheSaveFail)
+{
+    open(songOfLyrics(2));
+    SimpleMIDIFile another = songOfLyrics(2);
+    another.ticksPerQuarterNote = 96;
+    write(QStringLiteral("song.mid"), another);
+    const QString target = write(QStringLiteral("old.mid"), bytes("01 02 03"));
+    saveTo(target);
+    EXPECT_EQ(status(), QStringLiteral("MIDIファイルを保存できません。"));
+    EXPECT_EQ(readWholeFile(target), bytes("01 02 03"));
+    EXPECT_EQ(state().lyricsTicksPerBar, 1'920);
+    write(QStringLiteral("song.mid"), songOfLyrics(2));
+    EXPECT_EQ(saved().ticksPerQuarterNote, 480) << "the song that was opened is back";
 }
 
 TEST_F(LyricsPageActionsTest, ASongThatVanishedOrWentBadBeforeTheSaveLeavesTheOldFileWhole)
