@@ -220,6 +220,7 @@ void LyricsPageActions::insertAndSelect(std::span<const LyricsInsertion> inserti
         m_state.selectedRowIDs.insert(insertion.row.id);
     m_table.insert(insertions);
     Q_EMIT listChanged();
+    Q_EMIT rowsAdded();
     report("歌詞行を挿入しました。");
 }
 

@@ -31,6 +31,8 @@ public:
     LyricsTableModel& table() { return m_table; }
     QString headerText() const;
 
+    /// An action has the rows, or waits for a file.
+    bool isBusy() const { return m_isBusy; }
     /// The user's choice of rows; what a view's selection does while the rows change under it is none, and is ignored.
     void setSelectedRowIDs(const QSet<LyricsRowID>& ids);
     void setAddJapaneseModeOn(bool on) { m_state.addJapaneseModeOn = on; }
@@ -55,6 +57,8 @@ public:
 Q_SIGNALS:
     /// The rows, the selection or the open file are others.
     void listChanged();
+    /// New rows are in the table, and selected.
+    void rowsAdded();
 
 private:
     void report(const char* text);

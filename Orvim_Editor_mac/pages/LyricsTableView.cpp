@@ -57,6 +57,8 @@ LyricsTableView::LyricsTableView(LyricsPageActions& actions, QWidget* parent) : 
 
     fitSizesToFont();
     connect(&actions, &LyricsPageActions::listChanged, this, &LyricsTableView::showList);
+    connect(&actions, &LyricsPageActions::rowsAdded, this, &LyricsTableView::goToAddedRows);
+    connect(&actions.table(), &LyricsTableModel::modelAboutToBeReset, this, &LyricsTableView::rememberPlace);
     showList();
 }
 
@@ -108,6 +110,7 @@ void LyricsTableView::commitEditing()
 void LyricsTableView::showList()
 {
     showSelection();
+    restorePlace();
     m_dropHint->setVisible(!m_actions.state().hasOpenedMIDI);
     placeDropHint();
 }
@@ -127,17 +130,47 @@ void LyricsTableView::showSelection()
     }
     // Clearing before choosing: the difference of two selections of many pieces would take long to find.
     selectionModel()->clearSelection();
-    if (rows.isEmpty()) return;
     selectionModel()->select(rows, QItemSelectionModel::Select);
+}
+
+/// The first of the new rows is where the user goes on.
+void LyricsTableView::goToAddedRows()
+{
+    const auto& ids = m_actions.state().selectedRowIDs;
+    const auto& rows = m_actions.state().rows;
+    const auto first = std::ranges::find_if(rows, [&](const LyricsTableRow& row) { return ids.contains(row.id); });
     const int column = currentIndex().isValid() ? currentIndex().column() : static_cast<int>(LyricsColumn::text);
-    const QModelIndex current = table.index(rows.first().top(), column);
+    const QModelIndex current = model()->index(static_cast<int>(first - rows.begin()), column);
     selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
     scrollTo(current);
+}
+
+/// A table that is made anew, for another song or a change in very many places, loses its current cell.
+void LyricsTableView::rememberPlace()
+{
+    m_rowsAbove.clear();
+    for (int row = 0; row < currentIndex().row(); ++row)
+        m_rowsAbove.insert(m_actions.table().row(row).id);
+    m_column = currentIndex().isValid() ? currentIndex().column() : static_cast<int>(LyricsColumn::text);
+}
+
+/// The keys go on behind the rows that stood above and are still there: in another song, in its first row.
+void LyricsTableView::restorePlace()
+{
+    const auto& rows = m_actions.state().rows;
+    if (!currentIndex().isValid() && !rows.empty()) {
+        const auto above =
+            std::ranges::count_if(rows, [this](const LyricsTableRow& row) { return m_rowsAbove.contains(row.id); });
+        const int row = std::min(static_cast<int>(above), m_actions.table().rowCount() - 1);
+        selectionModel()->setCurrentIndex(model()->index(row, m_column), QItemSelectionModel::NoUpdate);
+    }
+    m_rowsAbove.clear();
 }
 
 void LyricsTableView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
 {
     QTableView::selectionChanged(selected, deselected);
+    if (m_actions.isBusy()) return; // The rows change under the selection.
     QSet<LyricsRowID> ids;
     for (const auto& range : selectionModel()->selection()) {
         for (int row = range.top(); row <= range.bottom(); ++row)

@@ -49,6 +49,9 @@ private:
     void placeDropHint();
     void showList();
     void showSelection();
+    void goToAddedRows();
+    void rememberPlace();
+    void restorePlace();
     bool activateCell();
     bool stepByTab(QKeyEvent& event);
     void step(CellStep step);
@@ -63,6 +66,8 @@ private:
     LyricsPageActions& m_actions;
     ButtonCellDelegate* m_buttons = nullptr;
     QLabel* m_dropHint = nullptr;
+    QSet<LyricsRowID> m_rowsAbove;      ///< those before the current one, as long as the table is made anew
+    int m_column = 0;                   ///< the current one, likewise
     QPersistentModelIndex m_heldButton; ///< the one that took the press of the pointer
     QPersistentModelIndex m_pressedCommand;
 };

@@ -400,9 +400,51 @@ TEST_F(LyricsTableViewTest, TwentyThousandRowsNeedNoWidgetsAndTakeChangesEverywh
     EXPECT_EQ(state().rows.size(), 40'000u);
     EXPECT_EQ(state().selectedRowIDs.size(), 20'000);
     EXPECT_TRUE(table().selectionModel()->isRowSelected(39'999));
+    EXPECT_TRUE(isAt(1, LyricsColumn::text));
     press(Qt::Key_Delete);
     EXPECT_EQ(state().rows.size(), 20'000u);
     EXPECT_EQ(row(19'999).text, "19999");
+    EXPECT_TRUE(isAt(1, LyricsColumn::text));
+    press(Qt::Key_Down);
+    EXPECT_EQ(state().selectedRowIDs, QSet<LyricsRowID>{id(2)});
+}
+
+TEST_F(LyricsTableViewTest, AfterADeletionInManyPlacesTheKeysGoOnFromTheSamePlace)
+{
+    open(songOfLyrics(1'000));
+    goTo(900, LyricsColumn::bar);
+    QItemSelection everySecondRow;
+    for (int row = 0; row < 1'000; row += 2)
+        everySecondRow.select(cell(row, LyricsColumn::bar), cell(row, LyricsColumn::preview));
+    table().selectionModel()->select(everySecondRow, QItemSelectionModel::ClearAndSelect);
+    press(Qt::Key_Delete);
+    ASSERT_EQ(state().rows.size(), 500u);
+    EXPECT_TRUE(isAt(450, LyricsColumn::bar));
+    EXPECT_EQ(row(450).text, "901");
+}
+
+TEST_F(LyricsTableViewTest, AnotherSongBeginsInItsFirstRow)
+{
+    open(songOfLyrics(1'000));
+    goTo(900, LyricsColumn::text);
+    open(songOfLyrics(1'000));
+    EXPECT_TRUE(isAt(0, LyricsColumn::text));
+    EXPECT_EQ(table().verticalScrollBar()->value(), 0);
+}
+
+TEST_F(LyricsTableViewTest, ARowDeletedByItsMenuLeavesTheViewWhereItIs)
+{
+    open(songOfLyrics(20'000));
+    goTo(0, LyricsColumn::text);
+    table().scrollToBottom();
+    const int before = table().verticalScrollBar()->value();
+    const QPoint position = middle(19'990, LyricsColumn::text);
+    QTest::mousePress(table().viewport(), Qt::RightButton, {}, position);
+    actions().deleteRow(id(19'990));
+    EXPECT_EQ(state().selectedRowIDs, QSet<LyricsRowID>{id(0)});
+    EXPECT_TRUE(table().selectionModel()->isRowSelected(0));
+    EXPECT_NEAR(table().verticalScrollBar()->value(), before, table().rowHeight(0));
+    EXPECT_NEAR(table().currentIndex().row(), 19'990, 1);
 }
 
 TEST_F(LyricsTableViewTest, ALongTextIsElidedAndItsToolTipIsWhole)
