@@ -32,9 +32,11 @@ std::optional<CellStep> stepOf(const QKeyEvent& event)
     case Qt::Key_Up:
         return CellStep::up;
     case Qt::Key_Tab:
-        return CellStep::right;
-    case Qt::Key_Backtab:
-        return CellStep::left;
+    case Qt::Key_Backtab: {
+        const bool isForward = event.key() == Qt::Key_Tab && !(event.modifiers() & Qt::ShiftModifier);
+        if (event.modifiers() & Qt::ControlModifier) return isForward ? CellStep::behind : CellStep::before;
+        return isForward ? CellStep::right : CellStep::left;
+    }
     default:
         return std::nullopt;
     }

@@ -4,8 +4,8 @@
 
 namespace orvim {
 
-/// Where the cursor goes from a cell.
-enum class CellStep { up, down, left, right };
+/// Where the cursor goes from a cell: to another one, or out of the table to what stands before or behind it.
+enum class CellStep { up, down, left, right, before, behind };
 
 /// A cell with one line of text and some room at its sides.
 class TextCellDelegate : public QStyledItemDelegate
@@ -21,8 +21,8 @@ public:
                    const QModelIndex& index) override;
 };
 
-/// A cell that is typed in. Return and the arrows commit and leave it upwards or downwards, Tab sidewards; Escape gives
-/// the edit up.
+/// A cell that is typed in. Return and the arrows commit and leave it upwards or downwards, Tab sidewards, Ctrl+Tab out
+/// of the table; Escape gives the edit up.
 class TypedCellDelegate : public TextCellDelegate
 {
     Q_OBJECT

@@ -204,17 +204,19 @@ void LyricsTableView::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Backspace:
         if (!event->isAutoRepeat()) m_actions.deleteSelected();
         return;
+    case Qt::Key_Insert:
+        if (event->modifiers()) break;
+        if (!event->isAutoRepeat()) m_actions.insert();
+        return;
+    case Qt::Key_F2:
+        if (currentIndex().isValid() && columnOf(currentIndex()) == LyricsColumn::preview) return; // It edits nothing.
+        [[fallthrough]];
     case Qt::Key_Return:
     case Qt::Key_Enter:
-    case Qt::Key_F2:
         if (!event->isAutoRepeat() && activateCell()) return;
         break;
     case Qt::Key_Space:
-        if (currentIndex().isValid() && !(event->modifiers() & Qt::ControlModifier) &&
-            (columnOf(currentIndex()) == LyricsColumn::command || columnOf(currentIndex()) == LyricsColumn::preview)) {
-            if (!event->isAutoRepeat()) activateCell();
-            return;
-        }
+        if (pressSpace(*event)) return;
         break;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
@@ -224,6 +226,22 @@ void LyricsTableView::keyPressEvent(QKeyEvent* event)
         break;
     }
     QTableView::keyPressEvent(event);
+}
+
+/// Space presses what can be pressed, Ctrl+Space puts the row into the selection or takes it out; else it is typed.
+bool LyricsTableView::pressSpace(const QKeyEvent& event)
+{
+    const QModelIndex index = currentIndex();
+    if (!index.isValid()) return false;
+    const bool isChoice = event.modifiers() & Qt::ControlModifier;
+    const bool isTyped = columnOf(index) != LyricsColumn::command && columnOf(index) != LyricsColumn::preview;
+    if (isTyped && !isChoice) return false;
+    if (event.isAutoRepeat()) return true;
+    if (isChoice)
+        selectionModel()->select(index, QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
+    else
+        activateCell();
+    return true;
 }
 
 /// What Return does where nothing is being typed.
@@ -258,9 +276,25 @@ bool LyricsTableView::stepByTab(QKeyEvent& event)
 void LyricsTableView::step(CellStep step)
 {
     const QModelIndex from = currentIndex();
-    const int down = step == CellStep::down ? 1 : step == CellStep::up ? -1 : 0;
-    const int right = step == CellStep::right ? 1 : step == CellStep::left ? -1 : 0;
-    const QModelIndex to = from.sibling(from.row() + down, from.column() + right);
+    QModelIndex to;
+    switch (step) {
+    case CellStep::up:
+    case CellStep::down:
+        to = from.siblingAtRow(from.row() + (step == CellStep::down ? 1 : -1));
+        break;
+    case CellStep::right:
+        to = from.siblingAtColumn(from.column() + 1); // Behind each typed cell is another.
+        break;
+    case CellStep::left:
+        to = from.column() > 0 ? from.siblingAtColumn(from.column() - 1)
+                               : from.sibling(from.row() - 1, lyricsColumnCount - 1);
+        if (!to.isValid()) QAbstractScrollArea::focusNextPrevChild(false);
+        break;
+    case CellStep::before:
+    case CellStep::behind:
+        QAbstractScrollArea::focusNextPrevChild(step == CellStep::behind);
+        break;
+    }
     if (to.isValid())
         selectionModel()->setCurrentIndex(to, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
@@ -272,6 +306,7 @@ void LyricsTableView::preview(const QModelIndex& index)
 
 void LyricsTableView::pickCommand(const QModelIndex& index)
 {
+    scrollTo(index);
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setObjectName(QStringLiteral("commandPicker"));
@@ -364,6 +399,8 @@ void LyricsTableView::contextMenuEvent(QContextMenuEvent* event)
     const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = isByKey ? currentIndex() : indexAt(event->pos());
     if (!index.isValid()) return;
+    commitEditing();
+    if (isByKey) scrollTo(index);
     const LyricsRowID id = m_actions.table().row(index.row()).id;
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -13,7 +13,8 @@ class LyricsPageActions;
 enum class LyricsColumn;
 
 /// The rows of lyrics. Cells are edited by a double click, F2, Return or typing, commands picked from a menu, rows
-/// tried by their button; Delete removes the selected rows. Nothing is made per row, so that long songs stay quick.
+/// tried by their button; Insert adds rows, Delete removes the selected ones. Nothing is made per row, so that long
+/// songs stay quick.
 class LyricsTableView : public QTableView
 {
     Q_OBJECT
@@ -52,6 +53,7 @@ private:
     void goToAddedRows();
     void rememberPlace();
     void restorePlace();
+    bool pressSpace(const QKeyEvent& event);
     bool activateCell();
     bool stepByTab(QKeyEvent& event);
     void step(CellStep step);

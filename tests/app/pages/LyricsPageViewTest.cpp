@@ -287,6 +287,33 @@ TEST_F(LyricsPageViewTest, TheContextMenuComesByKeyForTheCurrentRow)
     EXPECT_THAT(texts(), ElementsAre("0", "1"));
 }
 
+TEST_F(LyricsPageViewTest, AContextMenuByKeyComesWithItsRow)
+{
+    open(songOfLyrics(1'000));
+    goTo(0, LyricsColumn::text);
+    table().scrollToBottom();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(table().viewport(), &event);
+    ASSERT_TRUE(menu());
+    EXPECT_EQ(menu()->pos(), table().viewport()->mapToGlobal(middle(0, LyricsColumn::text)));
+    EXPECT_TRUE(table().viewport()->rect().contains(middle(0, LyricsColumn::text)));
+    menu()->close();
+}
+
+TEST_F(LyricsPageViewTest, TheContextMenuTakesOverWhatIsBeingTyped)
+{
+    open(songOfLyrics(2));
+    goTo(1, LyricsColumn::text);
+    type(QStringLiteral("new"));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(table().viewport(), &event);
+    EXPECT_FALSE(editor());
+    ASSERT_TRUE(menu());
+    menu()->actions()[0]->trigger();
+    menu()->close();
+    EXPECT_THAT(texts(), ElementsAre("0", "new", ""));
+}
+
 TEST_F(LyricsPageViewTest, WhatIsBeingTypedIsSaved)
 {
     open(songOfLyrics(2));

@@ -52,6 +52,96 @@ TEST_F(LyricsTableViewTest, TabCommitsAndGoesRightAndBacktabLeft)
     EXPECT_TRUE(isAt(0, LyricsColumn::bar));
 }
 
+TEST_F(LyricsTableViewTest, TabGoesFromAnEditedCellAsFromAnyOther)
+{
+    open(songOfLyrics(2));
+    goTo(0, LyricsColumn::text);
+    type(QStringLiteral("a"));
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(isAt(0, LyricsColumn::preview));
+    goTo(1, LyricsColumn::bar);
+    type(QStringLiteral("5"));
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(row(1).bar, 5);
+    EXPECT_TRUE(isAt(0, LyricsColumn::preview)) << "back to the row above";
+    goTo(1, LyricsColumn::ticks);
+    type(QStringLiteral("6"));
+    press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(row(1).ticks, 6);
+    EXPECT_TRUE(isAt(1, LyricsColumn::bar));
+    goTo(0, LyricsColumn::bar);
+    type(QStringLiteral("7"));
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(row(0).bar, 7);
+    EXPECT_FALSE(table().hasFocus()) << "out of the table at its beginning";
+}
+
+TEST_F(LyricsTableViewTest, CtrlTabLeavesTheTableFromAnEditedCell)
+{
+    open(songOfLyrics(2));
+    for (const auto modifiers : {Qt::KeyboardModifiers(Qt::ControlModifier), Qt::ControlModifier | Qt::ShiftModifier}) {
+        goTo(1, LyricsColumn::text);
+        type(QStringLiteral("x"));
+        press(Qt::Key_Tab, modifiers);
+        EXPECT_EQ(row(1).text, "x");
+        EXPECT_FALSE(editor());
+        EXPECT_FALSE(table().hasFocus());
+        EXPECT_TRUE(isAt(1, LyricsColumn::text));
+    }
+}
+
+TEST_F(LyricsTableViewTest, F2OnThePreviewButtonSendsNothing)
+{
+    open(songOfLyrics(1));
+    goTo(0, LyricsColumn::preview);
+    plugged.system.forgetSent();
+    press(Qt::Key_F2);
+    EXPECT_TRUE(plugged.sent().empty());
+    EXPECT_TRUE(isAt(0, LyricsColumn::preview));
+}
+
+TEST_F(LyricsTableViewTest, CtrlSpaceChoosesTheCurrentRowInEveryColumn)
+{
+    open(songOfLyrics(1));
+    table().setFocus();
+    plugged.system.forgetSent();
+    for (int column = 0; column < lyricsColumnCount; ++column) {
+        table().selectionModel()->setCurrentIndex(cell(0, static_cast<LyricsColumn>(column)),
+                                                  QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        press(Qt::Key_Space, Qt::ControlModifier);
+        EXPECT_TRUE(state().selectedRowIDs.isEmpty());
+        press(Qt::Key_Space, Qt::ControlModifier);
+        EXPECT_EQ(state().selectedRowIDs, QSet<LyricsRowID>{id(0)});
+        EXPECT_FALSE(editor());
+        EXPECT_FALSE(menu());
+    }
+    EXPECT_TRUE(plugged.sent().empty());
+}
+
+TEST_F(LyricsTableViewTest, InsertAddsARowBehindEachSelectedOne)
+{
+    open(songOfLyrics(2));
+    goTo(0, LyricsColumn::text);
+    press(Qt::Key_Insert);
+    EXPECT_THAT(texts(), ElementsAre("0", "", "1"));
+    EXPECT_TRUE(isAt(1, LyricsColumn::text));
+    press(Qt::Key_Insert, Qt::ShiftModifier);
+    EXPECT_EQ(state().rows.size(), 3u) << "a key of its own";
+}
+
+TEST_F(LyricsTableViewTest, APickerOpenedByKeyComesWithItsRow)
+{
+    open(songOfLyrics(1'000));
+    goTo(0, LyricsColumn::command);
+    table().scrollToBottom();
+    press(Qt::Key_Space);
+    ASSERT_TRUE(menu());
+    EXPECT_EQ(table().verticalScrollBar()->value(), 0);
+    const QPoint below = table().visualRect(cell(0, LyricsColumn::command)).bottomLeft();
+    EXPECT_EQ(menu()->pos(), table().viewport()->mapToGlobal(below));
+    menu()->close();
+}
+
 TEST_F(LyricsTableViewTest, F2AndReturnEditWhatIsThereAndEscapeGivesItUp)
 {
     open(songOfLyrics(1));
