@@ -67,8 +67,10 @@ bool TextCellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, con
 {
     if (event->type() != QEvent::ToolTip || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const QString text = index.data().toString();
-    const bool fits = view->fontMetrics().horizontalAdvance(text) <= option.rect.width() - 2 * sideMargin;
+    const QString shown = index.data().toString();
+    const QString text = index.data(Qt::ToolTipRole).toString();
+    const bool fits = shown.size() == text.size() &&
+                      view->fontMetrics().horizontalAdvance(shown) <= option.rect.width() - 2 * sideMargin;
     // As rich text the tip breaks into lines.
     const QString whole = QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(text.toHtmlEscaped());
     QToolTip::showText(event->globalPos(), fits ? QString() : whole, view);

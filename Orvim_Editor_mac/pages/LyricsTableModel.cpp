@@ -19,8 +19,9 @@ constexpr std::array<const char*, lyricsColumnCount> columnTitles{"小節", "Tic
 // Views need a while for each place of a change; from so many on they look at the whole table anew.
 constexpr std::size_t mostPlacesOfAChange = 64;
 
-// More of a text is never seen in a cell, and laying out a text of megabytes would hold up every picture.
+// More of a text is never seen in a cell or read in a tool tip, and laying out megabytes would hold up every picture.
 constexpr qsizetype mostShownCharacters = 500;
+constexpr qsizetype mostToolTipCharacters = 5'000;
 
 struct RowRange {
     int first;
@@ -32,12 +33,22 @@ LyricsColumn columnOf(const QModelIndex& index)
     return static_cast<LyricsColumn>(index.column());
 }
 
+/// At most so many UTF-16 units of the text, whole characters; an ellipsis at the end stands for the rest.
+QString beginningOf(const std::string& text, qsizetype mostUnits)
+{
+    // A unit comes from up to three bytes, and four give two.
+    const auto mostBytes = static_cast<std::size_t>(4 * mostUnits);
+    QString beginning = QString::fromUtf8(text.data(), static_cast<qsizetype>(std::min(text.size(), mostBytes)));
+    if (beginning.size() <= mostUnits) return beginning;
+    beginning.truncate(mostUnits - 1);
+    if (beginning.back().isHighSurrogate()) beginning.chop(1);
+    return beginning + QChar(0x2026);
+}
+
 /// One line; its end-of-line characters are seen as signs.
 QString oneLine(const std::string& text)
 {
-    QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(std::min<std::size_t>(
-                                                      text.size(), static_cast<std::size_t>(4 * mostShownCharacters))));
-    line.truncate(mostShownCharacters);
+    QString line = beginningOf(text, mostShownCharacters);
     for (QChar& character : line) {
         const bool endsLine = character == QLatin1Char('\n') || character == QLatin1Char('\r');
         if (endsLine)
@@ -150,6 +161,18 @@ QVariant LyricsTableModel::data(const QModelIndex& index, int role) const
         if (column == LyricsColumn::text) return QString::fromStdString(lyrics.text);
         if (column == LyricsColumn::command) return static_cast<int>(lyrics.command);
         return shownText(lyrics, column);
+    case Qt::ToolTipRole:
+        if (column == LyricsColumn::text) return beginningOf(lyrics.text, mostToolTipCharacters);
+        return shownText(lyrics, column);
+    case Qt::AccessibleTextRole:
+        if (column != LyricsColumn::preview) return {};
+        return QStringList{shownText(lyrics, column), shownText(lyrics, LyricsColumn::command),
+                           shownText(lyrics, LyricsColumn::text)}
+            .join(QStringLiteral("、"));
+    case Qt::AccessibleDescriptionRole:
+        if (column == LyricsColumn::command) return tr("スペースキーで選択");
+        if (column == LyricsColumn::preview) return tr("スペースキーで実行");
+        return {};
     case Qt::TextAlignmentRole:
         if (column == LyricsColumn::bar || column == LyricsColumn::ticks)
             return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);

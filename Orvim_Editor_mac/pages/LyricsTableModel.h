@@ -18,7 +18,7 @@ struct LyricsInsertion {
 };
 
 /// The rows of the lyrics page as a table, and the only one to change them. Numbers and texts are edited as strings,
-/// commands as their numbers.
+/// commands as their numbers. Of enormous texts a cell shows the beginning, and its tool tip more.
 class LyricsTableModel : public QAbstractTableModel
 {
     Q_OBJECT

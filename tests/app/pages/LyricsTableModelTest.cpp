@@ -35,6 +35,7 @@ protected:
     }
 
     QString shown(int row, LyricsColumn column) const { return model.cell(row, column).data().toString(); }
+    QString toolTip(int row) const { return model.cell(row, LyricsColumn::text).data(Qt::ToolTipRole).toString(); }
     bool set(LyricsColumn column, const QVariant& value) { return model.setData(model.cell(0, column), value); }
 
     std::vector<LyricsTableRow> rows;
@@ -173,7 +174,25 @@ TEST_F(LyricsTableModelTest, OfATextOfMegabytesTheBeginningIsShown)
     rows[0].lyrics.text.clear();
     for (int i = 0; i < 1'000'000; ++i)
         rows[0].lyrics.text += "あ";
-    EXPECT_EQ(shown(0, LyricsColumn::text), QString(500, QChar(u'あ')));
+    EXPECT_EQ(shown(0, LyricsColumn::text), QString(499, QChar(u'あ')) + QStringLiteral("…"));
+    EXPECT_EQ(toolTip(0), QString(4'999, QChar(u'あ')) + QStringLiteral("…"));
+}
+
+TEST_F(LyricsTableModelTest, ACutTextEndsWithAWholeCharacter)
+{
+    setRows(1);
+    const std::string face = "😀";
+    std::string faces;
+    for (int i = 0; i < 300; ++i)
+        faces += face;
+    rows[0].lyrics.text = faces;
+    EXPECT_EQ(shown(0, LyricsColumn::text), QStringLiteral("😀").repeated(249) + QStringLiteral("…"));
+    EXPECT_EQ(toolTip(0), QStringLiteral("😀").repeated(300));
+    rows[0].lyrics.text = "a" + faces;
+    EXPECT_EQ(shown(0, LyricsColumn::text),
+              QStringLiteral("a") + QStringLiteral("😀").repeated(249) + QStringLiteral("…"));
+    rows[0].lyrics.text = std::string(500, 'x');
+    EXPECT_EQ(shown(0, LyricsColumn::text), QString(500, QLatin1Char('x')));
 }
 
 } // namespace

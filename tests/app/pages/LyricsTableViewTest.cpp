@@ -2,6 +2,7 @@
 
 #include "tests/app/support/LyricsPageWindow.h"
 
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QScrollBar>
 #include <QToolTip>
@@ -539,7 +540,7 @@ TEST_F(LyricsTableViewTest, ARowDeletedByItsMenuLeavesTheViewWhereItIs)
 
 TEST_F(LyricsTableViewTest, ALongTextIsElidedAndItsToolTipIsWhole)
 {
-    const std::string longText(300, 'x');
+    const std::string longText(600, 'x');
     open(songOf({metaEvent(0, lyricMeta, longText), metaEvent(1, lyricMeta, "short")}));
     const auto toolTipAt = [&](int row) {
         const QPoint position = middle(row, LyricsColumn::text);
@@ -549,6 +550,20 @@ TEST_F(LyricsTableViewTest, ALongTextIsElidedAndItsToolTipIsWhole)
     };
     EXPECT_EQ(toolTipAt(1), QString());
     EXPECT_TRUE(toolTipAt(0).contains(QString::fromStdString(longText)));
+}
+
+TEST_F(LyricsTableViewTest, AScreenReaderIsToldWhatAPreviewButtonPlaysAndHowItIsPressed)
+{
+    open(songOf({metaEvent(0, lyricMeta, "$ADD_LO$lo"), metaEvent(1, lyricMeta, "la")}));
+    const auto cellAt = [&](int row, LyricsColumn column) {
+        QAccessibleInterface* const whole = QAccessible::queryAccessibleInterface(&table());
+        return whole->tableInterface()->cellAt(row, static_cast<int>(column));
+    };
+    EXPECT_EQ(cellAt(0, LyricsColumn::preview)->text(QAccessible::Name), QStringLiteral("プレビュー、ADD_LO、lo"));
+    EXPECT_EQ(cellAt(1, LyricsColumn::preview)->text(QAccessible::Name), QStringLiteral("プレビュー、ADD_HI、la"));
+    EXPECT_EQ(cellAt(0, LyricsColumn::preview)->text(QAccessible::Description), QStringLiteral("スペースキーで実行"));
+    EXPECT_EQ(cellAt(0, LyricsColumn::command)->text(QAccessible::Name), QStringLiteral("ADD_LO"));
+    EXPECT_EQ(cellAt(0, LyricsColumn::command)->text(QAccessible::Description), QStringLiteral("スペースキーで選択"));
 }
 
 TEST_F(LyricsTableViewTest, TheTextTakesTheRoomThatTheOthersLeave)
