@@ -1,9 +1,15 @@
 #pragma once
 
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <csignal>
 #include <gtest/gtest.h>
+#include <optional>
 #include <unistd.h>
 
 namespace orvim::test {
@@ -47,6 +53,29 @@ private:
 
     uid_t m_before = geteuid();
     bool m_isOrdinary;
+};
+
+/// A folder that takes no new file for a while, whoever runs the tests.
+class LockedFolder
+{
+public:
+    explicit LockedFolder(const QString& path) : m_path(QFile::encodeName(path))
+    {
+        EXPECT_EQ(::chmod(m_path.constData(), 0555), 0);
+        m_user.emplace();
+        EXPECT_TRUE(m_user->isOrdinary()) << "the root user could not become an ordinary one";
+    }
+    LockedFolder(const LockedFolder&) = delete;
+    LockedFolder& operator=(const LockedFolder&) = delete;
+    ~LockedFolder()
+    {
+        m_user.reset(); // The folder may be the root user's.
+        EXPECT_EQ(::chmod(m_path.constData(), 0700), 0);
+    }
+
+private:
+    QByteArray m_path;
+    std::optional<OrdinaryUser> m_user;
 };
 
 } // namespace orvim::test
