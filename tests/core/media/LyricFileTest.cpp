@@ -259,8 +259,12 @@ TEST(BuildLyricFile, EnormousBarsAndTicksDoNotOverflow)
                                  LyricsRow{smallest, smallest, smallest, LyricsCommand::addUpper, "a"},
                                  LyricsRow{largest / 1'920, largest, 0, LyricsCommand::addUpper, "a"},
                                  LyricsRow{largest, smallest, 0, LyricsCommand::addUpper, "a"}}) {
-        EXPECT_EQ(saved(song({{}}), {row}).tracks.at(0).events.size(), 1u);
-        EXPECT_EQ(newSong({row}, true).tracks.at(0).events.size(), 3u);
+        const bool isLate = row.bar > 0;
+        EXPECT_THAT(saved(song({{}}), {row}).tracks.at(0).events,
+                    ElementsAre(command(isLate ? 268'435'455 : 0, LyricsCommand::addUpper, "a")));
+        EXPECT_THAT(newSong({row}, true).tracks.at(0).events,
+                    ElementsAre(SimpleMIDIFileBuilder::defaultTempoEvent(), Event{240, modeOn},
+                                command(isLate ? 268'435'455 : 240, LyricsCommand::addUpper, "a")));
     }
 }
 
@@ -276,7 +280,38 @@ TEST(BuildLyricFile, ATextOf17TwoByteCharactersIsCutTo16Characters)
 TEST(BuildLyricFile, WithoutAFileAndRowsTheResultIsATempoAndTwoTracks)
 {
     EXPECT_EQ(buildLyricFile({}, false, std::nullopt, defaultLyricsTicksPerBar),
-              SimpleMIDIFileBuilder::wpfStyleSequence({}, 480));
+              bytes("4D 54 68 64 00 00 00 06 00 01 00 02 01 E0 "
+                    "4D 54 72 6B 00 00 00 0B 00 FF 51 03 0F 42 40 00 FF 2F 00 "
+                    "4D 54 72 6B 00 00 00 04 00 FF 2F 00"));
+}
+
+TEST(BuildLyricFile, ANewFileHoldsItsCommandsByteForByte)
+{
+    const std::vector<LyricsRow> rows{{0, 480, 0, LyricsCommand::addUpper, "A"}};
+    EXPECT_EQ(buildLyricFile(rows, true, std::nullopt, defaultLyricsTicksPerBar),
+              bytes("4D 54 68 64 00 00 00 06 00 01 00 02 01 E0 "
+                    "4D 54 72 6B 00 00 00 23 00 FF 51 03 0F 42 40 "
+                    "81 70 F0 07 00 48 05 7F 05 01 F7 "
+                    "81 70 F0 09 00 48 05 7F 07 00 04 01 F7 00 FF 2F 00 "
+                    "4D 54 72 6B 00 00 00 04 00 FF 2F 00"));
+}
+
+TEST(BuildLyricFile, ASavedSongHoldsItsCommandsByteForByte)
+{
+    const auto file = song({{{{0, {0x90, 0x3C, 0x64}}, metaEvent(480, lyric, "la"), {960, {0x80, 0x3C, 0x00}}}}});
+    EXPECT_EQ(buildLyricFile(readLyricRows(file), false, file, lyricsTicksPerBar(file)),
+              bytes("4D 54 68 64 00 00 00 06 00 01 00 01 01 E0 "
+                    "4D 54 72 6B 00 00 00 1C 00 90 3C 64 "
+                    "83 60 F0 0B 00 48 05 7F 07 00 06 0C 06 01 F7 "
+                    "83 60 80 3C 00 00 FF 2F 00"));
+}
+
+TEST(BuildLyricFile, AnEmptyLyricBecomesACommandWithoutText)
+{
+    const auto file = song({{{{7, bytes("FF 05 00")}}}});
+    EXPECT_THAT(readLyricRows(file), ElementsAre(LyricsRow{0, 7, 0, LyricsCommand::addUpper, ""}));
+    EXPECT_THAT(saved(file, readLyricRows(file)).tracks.at(0).events,
+                ElementsAre(Event{7, bytes("F0 00 48 05 7F 07 00 F7")}));
 }
 
 TEST(BuildLyricFile, ANewFileSortsItsRowsByTime)

@@ -136,6 +136,12 @@ TEST(DecodedCommand, OfASecondNibbleTheLowFourBitsCount)
               (LyricsCommandAndText{LyricsCommand::addUpper, "A"}));
 }
 
+TEST(DecodedCommand, OfAFirstNibbleAboveFTheLowFourBitsCountToo)
+{
+    EXPECT_EQ(decodedCommand(bytes("F0 00 48 05 7F 07 00 14 01 F7")),
+              (LyricsCommandAndText{LyricsCommand::addUpper, "A"}));
+}
+
 TEST(DecodedCommand, NibblesThatAreNoShiftJISGiveAnEmptyText)
 {
     EXPECT_EQ(decodedCommand(bytes("F0 00 48 05 7F 07 01 08 02 F7")),
