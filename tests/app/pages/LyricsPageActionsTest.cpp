@@ -1,5 +1,6 @@
 #include "pages/LyricsPageActions.h"
 
+#include "tests/app/support/HostileDisk.h"
 #include "tests/app/support/LyricsPageTest.h"
 
 #include <QCoreApplication>
@@ -7,7 +8,6 @@
 #include <QTimer>
 
 #include <limits>
-#include <unistd.h>
 
 namespace orvim {
 namespace {
@@ -23,6 +23,8 @@ using testing::ElementsAre;
 using tonavelle::LyricsCommand;
 using tonavelle::LyricsRow;
 using tonavelle::SimpleMIDIFile;
+
+const tonavelle::SimpleMIDITimedEvent modeOn{240, bytes("F0 00 48 05 7F 05 01 F7")};
 
 class LyricsPageActionsTest : public test::LyricsPageTest
 {
@@ -76,6 +78,10 @@ protected:
 
 TEST_F(LyricsPageActionsTest, ANewPageOffersLyricsOutputAndWritesAFileOfATempoAndTwoTracks)
 {
+    EXPECT_THAT(saved().tracks.at(0).events,
+                ElementsAre(tonavelle::SimpleMIDIFileBuilder::defaultTempoEvent(), modeOn));
+    dialogs.proposedNames.clear();
+    dialogs.savedKinds.clear();
     actions.setAddJapaneseModeOn(false);
     const auto file = saved();
     EXPECT_EQ(dialogs.proposedNames, QStringList{QStringLiteral("lyrics_output.mid")});
@@ -312,10 +318,8 @@ TEST_F(LyricsPageActionsTest, RowsTypedWithoutAFileOpenAgainAsTheyWere)
     edit(0, LyricsColumn::ticks, QStringLiteral("-10"));
     edit(0, LyricsColumn::text, QStringLiteral("歌"));
     const auto file = saved();
-    EXPECT_THAT(file.tracks.at(0).events,
-                ElementsAre(tonavelle::SimpleMIDIFileBuilder::defaultTempoEvent(),
-                            tonavelle::SimpleMIDITimedEvent{240, bytes("F0 00 48 05 7F 05 01 F7")},
-                            commandEvent(3'830, LyricsCommand::addUpper, "歌")));
+    EXPECT_THAT(file.tracks.at(0).events, ElementsAre(tonavelle::SimpleMIDIFileBuilder::defaultTempoEvent(), modeOn,
+                                                      commandEvent(3'830, LyricsCommand::addUpper, "歌")));
     actions.load(path(QStringLiteral("saved.mid")));
     EXPECT_THAT(rows(), ElementsAre(LyricsRow{1, 1'910, 0, LyricsCommand::addUpper, "歌"}));
 }
@@ -387,7 +391,6 @@ TEST_F(LyricsPageActionsTest, ADivisionOf0LoadsEachTickAsABarAndSavesEveryComman
 TEST_F(LyricsPageActionsTest, TheOptionDecidesWhetherTheJapaneseDisplayCommandIsWritten)
 {
     EXPECT_TRUE(state().addJapaneseModeOn);
-    const tonavelle::SimpleMIDITimedEvent modeOn{240, bytes("F0 00 48 05 7F 05 01 F7")};
     open({0, 480, {{{{0, bytes("C0 05")}}}}});
     EXPECT_THAT(saved().tracks.at(0).events, testing::Contains(modeOn));
     actions.setAddJapaneseModeOn(false);
@@ -454,14 +457,29 @@ TEST_F(LyricsPageActionsTest, WhereNothingCanBeWrittenTheFailureIsReportedAndThe
 
 TEST_F(LyricsPageActionsTest, AReadOnlyFolderLeavesTheOldFileWhole)
 {
-    if (geteuid() == 0) GTEST_SKIP() << "nothing is read-only for the superuser";
     const QString target = write(QStringLiteral("old.mid"), bytes("01 02 03"));
-    ASSERT_TRUE(QFile::setPermissions(target, QFile::ReadOwner));
-    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner));
+    ASSERT_TRUE(QFile::setPermissions(target, QFile::Permissions(0x4444)));
+    actions.insert();
+    const test::LockedFolder locked(folder.path());
     saveTo(target);
     EXPECT_EQ(status(), QStringLiteral("MIDIファイルを保存できません。"));
     EXPECT_EQ(readWholeFile(target), bytes("01 02 03"));
-    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_EQ(state().rows.size(), 1u);
+}
+
+TEST_F(LyricsPageActionsTest, AFullDiskLeavesTheOldFileWhole)
+{
+    open(songOfLyrics(100));
+    const auto before = state().rows;
+    const QString target = write(QStringLiteral("old.mid"), bytes("01 02 03"));
+    {
+        const test::FullDisk disk(500);
+        saveTo(target);
+    }
+    EXPECT_EQ(status(), QStringLiteral("MIDIファイルを保存できません。"));
+    EXPECT_EQ(readWholeFile(target), bytes("01 02 03"));
+    EXPECT_EQ(state().rows, before);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 2);
 }
 
 TEST_F(LyricsPageActionsTest, NegativeAndEnormousBarsAndTicksAreSavedWithoutOverflow)
@@ -477,10 +495,32 @@ TEST_F(LyricsPageActionsTest, NegativeAndEnormousBarsAndTicksAreSavedWithoutOver
     edit(2, LyricsColumn::ticks, smallest);
     edit(3, LyricsColumn::bar, QStringLiteral("2"));
     edit(3, LyricsColumn::ticks, QStringLiteral("-10"));
-    const auto events = saved().tracks.at(0).events;
-    EXPECT_EQ(events.size(), 5u);
-    EXPECT_EQ(events.front(), commandEvent(0, LyricsCommand::addUpper, "0"));
-    EXPECT_THAT(events, testing::Contains(commandEvent(3'830, LyricsCommand::addUpper, "3")));
+    EXPECT_THAT(saved().tracks.at(0).events, ElementsAre(commandEvent(0, LyricsCommand::addUpper, "0"), modeOn,
+                                                         commandEvent(3'830, LyricsCommand::addUpper, "3"),
+                                                         commandEvent(268'435'455, LyricsCommand::addUpper, "1"),
+                                                         commandEvent(268'435'455, LyricsCommand::addUpper, "2")))
+        << "a file has no later tick";
+}
+
+TEST_F(LyricsPageActionsTest, ASongInTimeCodeIsTakenAsOneOf480Ticks)
+{
+    const auto file = test::joined(
+        {bytes("4D 54 68 64 00 00 00 06 00 01 00 01 E7 28"), test::track("90 00 FF 05 01 61 00 FF 2F 00")});
+    actions.load(write(QStringLiteral("film.mid"), file));
+    EXPECT_THAT(rows(), ElementsAre(LyricsRow{1, 128, 0, LyricsCommand::addUpper, "a"}));
+    EXPECT_EQ(state().lyricsTicksPerBar, 1'920);
+    EXPECT_EQ(saved().ticksPerQuarterNote, 480);
+}
+
+TEST_F(LyricsPageActionsTest, ASavedTrackEndsWithItsLastEvent)
+{
+    const auto head = bytes("4D 54 68 64 00 00 00 06 00 00 00 01 01 E0");
+    actions.load(
+        write(QStringLiteral("song.mid"), test::joined({head, test::track("00 90 3C 64 60 80 3C 00 83 60 FF 2F 00")})));
+    actions.setAddJapaneseModeOn(false);
+    saveTo(path(QStringLiteral("saved.mid")));
+    EXPECT_EQ(readWholeFile(path(QStringLiteral("saved.mid"))),
+              test::joined({head, test::track("00 90 3C 64 60 80 3C 00 00 FF 2F 00")}));
 }
 
 TEST_F(LyricsPageActionsTest, EditingATimeMovesNoRow)
@@ -496,26 +536,32 @@ TEST_F(LyricsPageActionsTest, APreviewSendsTheRowsMessageAndMovesTheSimulator)
         const char* lyric;
         const char* message;
         const char* label;
+        const char* upper;
+        const char* lower;
     };
-    for (const auto& [lyric, message, label] : {
-             Case{"$ADD_HI$あ", "F0 00 48 05 7F 07 00 08 02 0A 00 F7", "Japanese Character Add"},
-             Case{"$ADD_LO$A", "F0 00 48 05 7F 07 01 04 01 F7", "Japanese Character Add"},
-             Case{"$DEL_HL$", "F0 00 48 05 7F 06 00 F7", "Japanese Character Delete"},
-             Case{"$DEL_HI$", "F0 00 48 05 7F 06 01 F7", "Japanese Character Delete"},
-             Case{"$DEL_LO$", "F0 00 48 05 7F 06 02 F7", "Japanese Character Delete"},
+    auto& simulator = plugged.runtime.displaySimulator();
+    for (const auto& [lyric, message, label, upper, lower] : {
+             Case{"$ADD_HI$あ", "F0 00 48 05 7F 07 00 08 02 0A 00 F7", "Japanese Character Add", "上あ", "下"},
+             Case{"$ADD_LO$A", "F0 00 48 05 7F 07 01 04 01 F7", "Japanese Character Add", "上", "下A"},
+             Case{"$DEL_HL$", "F0 00 48 05 7F 06 00 F7", "Japanese Character Delete", "", ""},
+             Case{"$DEL_HI$", "F0 00 48 05 7F 06 01 F7", "Japanese Character Delete", "", "下"},
+             Case{"$DEL_LO$", "F0 00 48 05 7F 06 02 F7", "Japanese Character Delete", "上", ""},
          }) {
         open(songOf({metaEvent(0, lyricMeta, lyric)}));
+        simulator.setJapaneseMode(false);
+        simulator.addJapaneseText("上", 0);
+        simulator.addJapaneseText("下", 1);
         plugged.system.forgetSent();
+        plugged.system.onSend = [&] {
+            EXPECT_EQ(plugged.screen().japaneseUpper + plugged.screen().japaneseLower, "上下") << "sent first";
+        };
         actions.preview(id(0));
         EXPECT_THAT(plugged.sent(), ElementsAre(bytes(message)));
+        EXPECT_EQ(plugged.screen().japaneseUpper, upper) << lyric;
+        EXPECT_EQ(plugged.screen().japaneseLower, lower) << lyric;
         EXPECT_EQ(status(), QString::fromUtf8(label) + QStringLiteral(" を送信しました。"));
     }
     EXPECT_TRUE(plugged.screen().isJapaneseMode);
-    open(songOf({metaEvent(0, lyricMeta, "上"), metaEvent(1, lyricMeta, "$ADD_LO$下")}));
-    actions.preview(id(0));
-    actions.preview(id(1));
-    EXPECT_EQ(plugged.screen().japaneseUpper, "上");
-    EXPECT_EQ(plugged.screen().japaneseLower, "下");
 }
 
 TEST_F(LyricsPageActionsTest, APreviewOfADeleteRowSendsNoTextWhateverItsFieldHolds)

@@ -160,6 +160,40 @@ TEST_F(LyricsPageViewTest, TheToolbarActs)
     EXPECT_EQ(status(), QStringLiteral("日本語オフ を送信しました。"));
 }
 
+TEST_F(LyricsPageViewTest, TheToolbarHoldsItsButtonsInOrderWithTheirSymbols)
+{
+    QStringList buttons;
+    for (const auto* const button : window.page(EditorPage::lyrics).findChildren<EditorToolbarButton*>())
+        buttons << button->text() + QLatin1Char(' ') + button->objectName();
+    EXPECT_EQ(buttons,
+              (QStringList{QStringLiteral("開く folder"), QStringLiteral("保存 square.and.arrow.down"),
+                           QStringLiteral("挿入 plus"), QStringLiteral("削除 minus"),
+                           QStringLiteral("日本語オン text.bubble"), QStringLiteral("日本語オフ text.bubble")}));
+}
+
+TEST_F(LyricsPageViewTest, OnlyOpeningAndSavingHaveShortcuts)
+{
+    QStringList shortcuts;
+    for (const char* const title : {"ファイル", "設定", "操作"}) {
+        for (const QAction* const action : menuButton(QString::fromUtf8(title)).menu()->actions())
+            if (!action->shortcut().isEmpty())
+                shortcuts << action->text() + QLatin1Char(' ') + action->shortcut().toString();
+    }
+    EXPECT_EQ(shortcuts, (QStringList{QStringLiteral("MIDIを開く Ctrl+O"), QStringLiteral("MIDIを保存 Ctrl+S")}));
+}
+
+TEST_F(LyricsPageViewTest, OnANewPageSaveWritesAFileOfTheJapaneseDisplayCommandAlone)
+{
+    dialogs.pathToSave = path(QStringLiteral("out.mid"));
+    pressTool(QStringLiteral("保存"));
+    EXPECT_EQ(dialogs.proposedNames, QStringList{QStringLiteral("lyrics_output.mid")});
+    EXPECT_EQ(status(), QStringLiteral("MIDIファイルを保存しました。"));
+    EXPECT_EQ(readWholeFile(*dialogs.pathToSave),
+              test::joined({bytes("4D 54 68 64 00 00 00 06 00 01 00 02 01 E0"),
+                            test::track("00 FF 51 03 0F 42 40 81 70 F0 07 00 48 05 7F 05 01 F7 00 FF 2F 00"),
+                            test::track("00 FF 2F 00")}));
+}
+
 TEST_F(LyricsPageViewTest, ShortcutsActOnlyWhileThePageIsInView)
 {
     dialogs.pathToOpen = write(QStringLiteral("song.mid"), songOfLyrics(2));
@@ -325,6 +359,20 @@ TEST_F(LyricsPageViewTest, WhatIsBeingTypedIsSaved)
     const auto rows = tonavelle::readLyricRows(read(*dialogs.pathToSave));
     EXPECT_EQ(rows.at(0).text, "new");
     EXPECT_TRUE(table().hasFocus());
+}
+
+TEST_F(LyricsPageViewTest, ASaveWhileAnInputMethodComposesTakesWhatItHasCommitted)
+{
+    open(songOfLyrics(1));
+    goTo(0, LyricsColumn::text);
+    compose(QStringLiteral("はる"));
+    compose(QString(), QStringLiteral("春"));
+    compose(QStringLiteral("の")); // No input method stands behind the tests that could commit this on demand.
+    dialogs.pathToSave = path(QStringLiteral("out.mid"));
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(editor());
+    EXPECT_EQ(row(0).text, "春");
+    EXPECT_EQ(tonavelle::readLyricRows(read(*dialogs.pathToSave)).at(0).text, "春");
 }
 
 TEST_F(LyricsPageViewTest, WhatIsBeingTypedSurvivesInsertionDeletionPreviewAndAChangeOfPage)
