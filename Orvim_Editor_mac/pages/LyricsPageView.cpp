@@ -5,6 +5,7 @@
 #include "controls/ElidedLabel.h"
 #include "controls/PaletteColors.h"
 #include "pages/LyricsTableView.h"
+#include "platform/InputHold.h"
 
 #include <QDropEvent>
 #include <QHBoxLayout>
@@ -71,6 +72,8 @@ LyricsPageView::LyricsPageView(EditorRuntime& runtime, Dialogs& dialogs)
     : m_actions(runtime.midiOutManager(), runtime.displaySimulator(), dialogs)
 {
     setAcceptDrops(true);
+    // A preview that waits for its module has all it needs: another song may come meanwhile.
+    InputHold::takeDropsAtAllTimes(*this);
     m_counter = new ElidedLabel;
     m_counter->setObjectName(QStringLiteral("counter"));
     m_counter->setElideMode(Qt::ElideMiddle);

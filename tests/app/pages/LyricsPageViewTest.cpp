@@ -1,6 +1,7 @@
 #include "pages/LyricsPageView.h"
 
 #include "controls/ElidedLabel.h"
+#include "platform/InputHold.h"
 #include "tests/app/support/Drop.h"
 #include "tests/app/support/LyricsPageWindow.h"
 
@@ -217,6 +218,23 @@ TEST_F(LyricsPageViewTest, SongsAreOpenedByDropAtAllTimes)
         ASSERT_TRUE(QTest::qWaitFor([&] { return state().openedMIDIPath == song; }));
         EXPECT_EQ(table().model()->rowCount(), count);
     }
+}
+
+TEST_F(LyricsPageViewTest, ASongDroppedWhileAPreviewWaitsForItsModuleIsOpened)
+{
+    open(songOfLyrics(2));
+    const QString other = write(QStringLiteral("other.mid"), songOfLyrics(3));
+    plugged.system.onSend = [&] {
+        plugged.system.onSend = {};
+        InputHold hold;
+        hold.begin();
+        EXPECT_TRUE(dropOnMiddle(page(), {QUrl::fromLocalFile(other)}));
+        hold.end();
+    };
+    actions().preview(id(0));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return state().openedMIDIPath == other; }));
+    EXPECT_EQ(state().rows.size(), 3u);
+    EXPECT_EQ(plugged.screen().japaneseUpper, "0");
 }
 
 TEST_F(LyricsPageViewTest, ADroppedWAVFileDoesNothingAndReportsNothing)
