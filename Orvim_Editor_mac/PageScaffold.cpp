@@ -48,6 +48,7 @@ EditorToolbarButton::EditorToolbarButton(const QString& title, const QString& sy
     setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     setAutoRaise(true);
     setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     QFont small = font();
     small.setPixelSize(toolbarTitlePixelSize);
     setFont(small);
@@ -56,14 +57,18 @@ EditorToolbarButton::EditorToolbarButton(const QString& title, const QString& sy
 
 QSize EditorToolbarButton::sizeHint() const
 {
-    // A longer title widens its button rather than being cut.
-    const int titleWidth = fontMetrics().horizontalAdvance(text()) + toolbarTitlePadding;
-    return {std::max(toolbarTitleFrame.width(), titleWidth), toolbarSymbolFrame.height() + toolbarTitleFrame.height()};
+    return {std::max(toolbarTitleFrame.width(), titleWidth()), height()};
 }
 
 QSize EditorToolbarButton::minimumSizeHint() const
 {
-    return sizeHint();
+    return {std::max(toolbarSymbolFrame.width(), titleWidth()), height()};
+}
+
+/// A longer title widens its button rather than being cut.
+int EditorToolbarButton::titleWidth() const
+{
+    return fontMetrics().horizontalAdvance(text()) + toolbarTitlePadding;
 }
 
 EditorPageHeader::EditorPageHeader(EditorPage page, QWidget* parent) : QWidget(parent)

@@ -10,7 +10,8 @@ class QMenu;
 
 namespace orvim {
 
-/// A button of a page's toolbar: the symbol with its title below.
+/// A button of a page's toolbar: the symbol with its title below. Where there is little room it gives up what its title
+/// leaves free at the sides.
 class EditorToolbarButton : public QToolButton
 {
     Q_OBJECT
@@ -20,6 +21,9 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+private:
+    int titleWidth() const;
 };
 
 /// The band above a page: its symbol and title, its drop-down menus, then its toolbar. Where these do not fit side by

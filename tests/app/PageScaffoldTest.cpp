@@ -137,6 +137,22 @@ TEST_F(NarrowHeaderTest, TheToolbarGoesBelowWhereItDoesNotFitAndComesBack)
     EXPECT_EQ(header.height(), height);
 }
 
+TEST_F(NarrowHeaderTest, InAVeryNarrowPageNoTitleOfTheToolbarIsCut)
+{
+    for (const char* const name : {"日本語オン", "日本語オフ", "日本語"})
+        buttons.push_back(header.addToolbarButton(QString::fromUtf8(name), QStringLiteral("folder")));
+    resize(page.minimumSizeHint().width());
+    EXPECT_TRUE(isToolbarBelow());
+    EXPECT_LT(buttons[0]->width(), 58);
+    for (const auto* const button : buttons) {
+        EXPECT_GE(button->width(), button->fontMetrics().horizontalAdvance(button->text()))
+            << qPrintable(button->text());
+        EXPECT_TRUE(page.rect().contains(QRect(button->mapTo(&page, QPoint()), button->size())));
+    }
+    resize(900);
+    EXPECT_EQ(buttons[0]->size(), QSize(58, 52));
+}
+
 TEST_F(NarrowHeaderTest, ThenTheTitleGivesWayAndItsToolTipHoldsIt)
 {
     resize(page.minimumSizeHint().width() + 40);
