@@ -116,7 +116,7 @@ void waitUntilQuiet(const Wire& wire)
 void waitForBytes(const Wire& wire, std::size_t count)
 {
     const auto begin = Clock::now();
-    while (wire.size() < count && Clock::now() - std::max(begin, wire.lastArrival()) < 3s)
+    while (wire.size() < count && Clock::now() - std::max(begin, wire.lastArrival()) < 10s)
         QTest::qWait(10);
 }
 

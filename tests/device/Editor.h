@@ -75,7 +75,7 @@ private:
 /// For what must not arrive, and where it is not known how much will.
 void waitUntilQuiet(const Wire& wire);
 
-/// Waits, with the window alive, until `count` bytes came; gives up when nothing came for 3 s.
+/// Waits, with the window alive, until `count` bytes came; gives up when nothing came for 10 s.
 void waitForBytes(const Wire& wire, std::size_t count);
 
 /// Waits, with the window alive, until all that was logged has come and nothing more comes; checks that it came whole,

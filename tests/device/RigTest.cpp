@@ -45,7 +45,7 @@ TEST(Rig, USBModuleTakesWhatIsWrittenToItsCard)
     waitUntilNothingIsPlugged();
     const USBModule module({});
     writeToHostSide(numberedMessage(1));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return module.port(0).size() == 137; }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return module.port(0).size() == 137; }, 10'000));
     EXPECT_TRUE(sameBytes(module.port(0).bytes(), numberedMessage(1)));
 }
 
@@ -54,7 +54,7 @@ TEST(Rig, KernelModuleTakesWhatIsWrittenToItsCard)
     waitUntilNothingIsPlugged();
     const KernelModule module;
     writeToHostSide(numberedMessage(2));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return module.port(0).size() == 137; }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return module.port(0).size() == 137; }, 10'000));
     EXPECT_TRUE(sameBytes(module.port(0).bytes(), numberedMessage(2)));
 }
 

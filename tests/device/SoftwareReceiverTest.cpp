@@ -62,11 +62,11 @@ TEST(SoftwareDestination, ThatCrashesInMidTransferIsReported)
         killed = Clock::now();
     });
     editor.sendOneByOne(numberedMessages(3000));
-    const auto reported = editor.firstErrorTime(3s);
+    const auto reported = editor.firstErrorTime(10s);
     ASSERT_TRUE(reported);
-    EXPECT_LT(*reported - killed, 500ms);
+    EXPECT_LT(*reported - killed, 3s); // not as late as a receiver that hangs
     EXPECT_EQ(editor.loggedErrors(), Lines{"Test の送信に失敗しました: -19"});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return editor.selectedName().empty(); }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return editor.selectedName().empty(); }, 10'000));
 
     const auto arrived = receiver.received();
     EXPECT_GT(arrived.size(), 0U);

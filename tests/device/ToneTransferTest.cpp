@@ -162,7 +162,7 @@ TEST(ToneTransfer, SendAllGivesTheModuleTheWholeState)
     EXPECT_EQ(arrived.front(), bytes("F0 00 48 05 7F 00 00 F7"));
     expectSame(tonavelle::readToneDataFile(recordedFile(arrived)), asKeptByTheModule(changedInstrument()));
     EXPECT_EQ(module.port(0).size(), 0U);
-    EXPECT_GE(heartbeat.beats(), 20);
+    EXPECT_GE(heartbeat.beats(), 10);
     EXPECT_EQ(editor.log().lineCount(), 300U);
 }
 
