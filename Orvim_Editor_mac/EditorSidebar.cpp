@@ -2,6 +2,7 @@
 
 #include "DisplaySimulatorState.h"
 #include "EditorRuntime.h"
+#include "controls/Rule.h"
 #include "controls/SwitchRow.h"
 #include "controls/SymbolIcon.h"
 
@@ -66,10 +67,7 @@ void EditorSidebar::makePageList()
 
 void EditorSidebar::makeSwitches()
 {
-    auto* const rule = new QFrame(this);
-    rule->setFrameShape(QFrame::HLine);
-    rule->setFrameShadow(QFrame::Sunken);
-    layout()->addWidget(rule);
+    layout()->addWidget(makeRule(this));
 
     m_logSwitch = new SwitchRow(tr("ログウィンドウOn"), tr("ログウィンドウOff"), this);
     m_logSwitch->setObjectName(QStringLiteral("logWindowSwitch"));

@@ -7,6 +7,7 @@
 #include "LogWindowView.h"
 #include "StatusLogBar.h"
 #include "WebPages.h"
+#include "controls/Rule.h"
 #include "simulator/DisplaySimulatorWindowView.h"
 
 #include <QCloseEvent>
@@ -22,14 +23,6 @@ namespace {
 
 constexpr QSize defaultSize(1270, 980);
 constexpr QSize smallestSize(640, 400);
-
-QFrame* makeRule()
-{
-    auto* const rule = new QFrame;
-    rule->setFrameShape(QFrame::HLine);
-    rule->setFrameShadow(QFrame::Sunken);
-    return rule;
-}
 
 void bringToFront(QWidget& window)
 {

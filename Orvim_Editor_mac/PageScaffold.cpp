@@ -2,6 +2,7 @@
 
 #include "controls/ElidedLabel.h"
 #include "controls/IconLabel.h"
+#include "controls/Rule.h"
 #include "controls/SymbolIcon.h"
 
 #include <QEvent>
@@ -9,7 +10,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QToolButton>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -26,14 +27,6 @@ constexpr int toolbarTitlePadding = 8;
 constexpr int headerSpacing = 10;
 constexpr int headerTitlePixelSize = 16;
 constexpr int headerSymbolSize = 20;
-
-QFrame* makeRule(QWidget* parent)
-{
-    auto* const rule = new QFrame(parent);
-    rule->setFrameShape(QFrame::HLine);
-    rule->setFrameShadow(QFrame::Sunken);
-    return rule;
-}
 
 } // namespace
 
@@ -137,12 +130,9 @@ QSize EditorPageHeader::minimumSizeHint() const
 
 QMenu* EditorPageHeader::addMenu(const QString& title)
 {
-    auto* const button = new QToolButton(this);
-    button->setText(title);
+    auto* const button = new QPushButton(title, this);
     button->setObjectName(title);
     button->setAccessibleName(title);
-    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    button->setPopupMode(QToolButton::InstantPopup);
     button->setFocusPolicy(Qt::StrongFocus);
     auto* const menu = new QMenu(button);
     button->setMenu(menu);

@@ -1,6 +1,6 @@
 #include "controls/ADSRGraphView.h"
 
-#include "controls/PaletteColors.h"
+#include "controls/ThemeColors.h"
 
 #include <QPainter>
 

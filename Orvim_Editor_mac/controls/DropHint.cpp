@@ -1,6 +1,6 @@
 #include "controls/DropHint.h"
 
-#include "controls/PaletteColors.h"
+#include "controls/ThemeColors.h"
 
 #include <QEvent>
 

@@ -1,6 +1,5 @@
 #include "controls/GraphDrawing.h"
 
-#include "controls/PaletteColors.h"
 #include "controls/ThemeColors.h"
 
 #include <QEvent>

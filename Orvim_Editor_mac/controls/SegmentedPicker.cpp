@@ -1,6 +1,6 @@
 #include "controls/SegmentedPicker.h"
 
-#include "controls/PaletteColors.h"
+#include "controls/ThemeColors.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>

@@ -1,10 +1,17 @@
 #include "controls/ThemeColors.h"
 
-#include "controls/PaletteColors.h"
-
-#include <QPalette>
-
 namespace orvim {
+
+namespace {
+
+QColor mixed(const QColor& over, const QColor& under, double weight)
+{
+    const auto channel = [weight](int a, int b) { return qRound(a * weight + b * (1 - weight)); };
+    return QColor(channel(over.red(), under.red()), channel(over.green(), under.green()),
+                  channel(over.blue(), under.blue()));
+}
+
+} // namespace
 
 bool isDark(const QPalette& palette)
 {
@@ -24,6 +31,19 @@ QColor successColor(const QPalette& palette)
 QColor separatorColor(const QPalette& palette)
 {
     return mixedColor(palette, QPalette::WindowText, QPalette::Window, 0.18);
+}
+
+QColor mixedColor(const QPalette& palette, QPalette::ColorRole over, QPalette::ColorRole under, double weight)
+{
+    return mixed(palette.color(over), palette.color(under), weight);
+}
+
+QColor knobColor(const QPalette& palette, bool pressed)
+{
+    const auto base = palette.color(QPalette::Base);
+    const auto text = palette.color(QPalette::WindowText);
+    const auto light = base.lightness() > text.lightness() ? base : text;
+    return pressed ? mixed(palette.color(QPalette::Highlight), light, 0.25) : light;
 }
 
 } // namespace orvim

@@ -1,7 +1,7 @@
 #include "controls/TickSnappingSlider.h"
 
-#include "controls/PaletteColors.h"
 #include "controls/SliderAccessibility.h"
+#include "controls/ThemeColors.h"
 
 #include <QAccessible>
 #include <QKeyEvent>

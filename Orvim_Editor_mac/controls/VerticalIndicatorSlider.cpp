@@ -1,6 +1,6 @@
 #include "controls/VerticalIndicatorSlider.h"
 
-#include "controls/PaletteColors.h"
+#include "controls/ThemeColors.h"
 
 #include <QPainter>
 

@@ -16,7 +16,6 @@ namespace orvim {
 
 namespace {
 
-constexpr int sideMargin = 8;
 constexpr int editorMargin = 3; // with the frame of the field as much as a cell has
 constexpr int pickerMarkSize = 10;
 constexpr int buttonMargin = 3;
@@ -53,7 +52,7 @@ void TextCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 {
     QStyleOptionViewItem cell = option;
     initStyleOption(&cell, index);
-    const QRect room = cell.rect.adjusted(sideMargin, 0, -sideMargin, 0);
+    const QRect room = cell.rect.adjusted(lyricsCellMargin, 0, -lyricsCellMargin, 0);
     const QString text = cell.fontMetrics.elidedText(cell.text, Qt::ElideRight, room.width());
     cell.text.clear();
     styleOf(cell).drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
@@ -70,7 +69,7 @@ bool TextCellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, con
     const QString shown = index.data().toString();
     const QString text = index.data(Qt::ToolTipRole).toString();
     const bool fits = shown.size() == text.size() &&
-                      view->fontMetrics().horizontalAdvance(shown) <= option.rect.width() - 2 * sideMargin;
+                      view->fontMetrics().horizontalAdvance(shown) <= option.rect.width() - 2 * lyricsCellMargin;
     // As rich text the tip breaks into lines.
     const QString whole = QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(text.toHtmlEscaped());
     QToolTip::showText(event->globalPos(), fits ? QString() : whole, view);
@@ -138,7 +137,7 @@ void CommandCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
     mark.state = option.state;
     mark.rect = QRect(0, 0, pickerMarkSize, pickerMarkSize);
     mark.rect.moveCenter(option.rect.center());
-    mark.rect.moveRight(option.rect.right() - sideMargin);
+    mark.rect.moveRight(option.rect.right() - lyricsCellMargin);
     if (option.state & QStyle::State_Selected)
         mark.palette.setBrush(QPalette::WindowText, option.palette.highlightedText());
     styleOf(option).drawPrimitive(QStyle::PE_IndicatorArrowDown, &mark, painter, option.widget);

@@ -4,6 +4,9 @@
 
 namespace orvim {
 
+/// The room at the left and right of a cell's text.
+constexpr int lyricsCellMargin = 8;
+
 /// Where the cursor goes from a cell: to another one, or out of the table to what stands before or behind it.
 enum class CellStep { up, down, left, right, before, behind };
 

@@ -3,7 +3,7 @@
 #include "EditorRuntime.h"
 #include "PageScaffold.h"
 #include "controls/ElidedLabel.h"
-#include "controls/PaletteColors.h"
+#include "controls/ThemeColors.h"
 #include "pages/LyricsTableView.h"
 #include "platform/InputHold.h"
 
@@ -115,7 +115,7 @@ QWidget* LyricsPageView::makeHelp()
         makeHelpPart(tr("使い方"), tr("MIDIファイル中の歌詞イベント編集できます。保存時には、歌詞イベントを"
                                       "専用コマンドに置き換えます。")),
         3);
-    layout->addWidget(makeHelpPart(tr("専用コマンド"), tr("$ADD_HI$ / $ADD_LO$\n$DEL_HL$ / $DEL_HI$ / $DEL_LO$")), 2);
+    layout->addWidget(makeHelpPart(tr("専用コマンド"), tr("$ADD_HI$ / $ADD_LO$\n$DEL_HL$ / $DEL_HI$ / $DEL_LO$")), 1);
     return help;
 }
 

@@ -206,6 +206,8 @@ QVariant LyricsTableModel::headerData(int section, Qt::Orientation orientation, 
     if (orientation != Qt::Horizontal || section < 0 || section >= lyricsColumnCount) return {};
     if (role == Qt::TextAlignmentRole && section <= static_cast<int>(LyricsColumn::ticks))
         return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    if (role == Qt::TextAlignmentRole && section == static_cast<int>(LyricsColumn::preview))
+        return QVariant::fromValue(Qt::Alignment(Qt::AlignCenter));
     if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
     if (role == Qt::DisplayRole) return QString::fromUtf8(columnTitles[static_cast<std::size_t>(section)]);
     return {};

@@ -4,11 +4,12 @@
 #include "pages/LyricsPageActions.h"
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QInputMethod>
 #include <QMenu>
+#include <QProxyStyle>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -24,6 +25,18 @@ constexpr int commandPadding = 48;
 constexpr int buttonPadding = 44;
 constexpr int leastTextWidth = 200;
 constexpr int hintMargin = 12;
+
+/// Puts the titles of the columns where the cells' texts stand.
+class TitleStyle : public QProxyStyle
+{
+public:
+    TitleStyle() : QProxyStyle(QApplication::style()->name()) {}
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
+    {
+        return metric == PM_HeaderMargin ? lyricsCellMargin : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
 
 LyricsColumn columnOf(const QModelIndex& index)
 {
@@ -51,6 +64,9 @@ LyricsTableView::LyricsTableView(LyricsPageActions& actions, QWidget* parent) : 
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(false);
+    auto* const titleStyle = new TitleStyle;
+    titleStyle->setParent(this);
+    horizontalHeader()->setStyle(titleStyle);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, &LyricsTableView::fitTextColumn);
 
     m_dropHint = new DropHint(tr("ここにMIDIファイルを\nドラッグして下さい"), this);

@@ -1,5 +1,4 @@
 #include "controls/ADSRGraphView.h"
-#include "controls/PaletteColors.h"
 #include "controls/ThemeColors.h"
 #include "controls/ToneKeyboardNSView.h"
 #include "controls/UserWaveformNSView.h"

@@ -7,7 +7,7 @@
 
 #include <QDragLeaveEvent>
 #include <QLabel>
-#include <QToolButton>
+#include <QPushButton>
 
 namespace orvim {
 namespace {
@@ -34,9 +34,9 @@ protected:
             if (!action->isSeparator()) items << action->text();
         return items;
     }
-    QToolButton& menuButton(const QString& title)
+    QPushButton& menuButton(const QString& title)
     {
-        return *window.page(EditorPage::lyrics).findChild<QToolButton*>(title);
+        return *window.page(EditorPage::lyrics).findChild<QPushButton*>(title);
     }
     void choose(const QString& menuTitle, const QString& item)
     {

@@ -7,8 +7,8 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
+#include <QPushButton>
 #include <QTemporaryDir>
-#include <QToolButton>
 
 namespace orvim {
 namespace {
@@ -27,7 +27,7 @@ class ToneEditorTextsTest : public test::ToneEditorPageTest
 protected:
     QMenu& menu(const char* title)
     {
-        return *scaffold.header().findChild<QToolButton*>(QString::fromUtf8(title))->menu();
+        return *scaffold.header().findChild<QPushButton*>(QString::fromUtf8(title))->menu();
     }
 
     static QStringList entries(const QMenu& menu)
@@ -96,7 +96,7 @@ TEST_F(ToneEditorTextsTest, TheToolbarHasFourButtonsThatAct)
 TEST_F(ToneEditorTextsTest, TheMenusHaveTheirEntries)
 {
     QStringList titles;
-    for (const auto* const button : scaffold.header().findChildren<QToolButton*>())
+    for (const auto* const button : scaffold.header().findChildren<QPushButton*>())
         if (button->menu()) titles << button->text();
     EXPECT_EQ(titles, texts({"ファイル", "設定", "送信"}));
     EXPECT_EQ(entries(menu("ファイル")),

@@ -34,7 +34,7 @@ protected:
     template <typename Control>
     Control& control(const QString& name)
     {
-        for (auto* const found : scaffold.findChildren<Control*>(name))
+        for (auto* const found : page->findChildren<Control*>(name))
             if (found->isVisible()) return *found;
         throw std::runtime_error(name.toStdString());
     }
