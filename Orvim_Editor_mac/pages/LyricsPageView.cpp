@@ -58,7 +58,7 @@ QWidget* makeHelpPart(const QString& title, const QString& text)
     font.setBold(true);
     titleLabel->setFont(font);
     auto* const textLabel = new QLabel(text);
-    textLabel->setWordWrap(true);
+    textLabel->setWordWrap(!text.contains(QLatin1Char('\n')));
     textLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
     layout->addWidget(titleLabel);
     layout->addWidget(textLabel);
@@ -114,8 +114,11 @@ QWidget* LyricsPageView::makeHelp()
     layout->addWidget(
         makeHelpPart(tr("使い方"), tr("MIDIファイル中の歌詞イベント編集できます。保存時には、歌詞イベントを"
                                       "専用コマンドに置き換えます。")),
-        3);
-    layout->addWidget(makeHelpPart(tr("専用コマンド"), tr("$ADD_HI$ / $ADD_LO$\n$DEL_HL$ / $DEL_HI$ / $DEL_LO$")), 1);
+        1);
+    QWidget* const commands =
+        makeHelpPart(tr("専用コマンド"), tr("$ADD_HI$ / $ADD_LO$\n$DEL_HL$ / $DEL_HI$ / $DEL_LO$"));
+    commands->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred); // its lines stay as they are
+    layout->addWidget(commands);
     return help;
 }
 
