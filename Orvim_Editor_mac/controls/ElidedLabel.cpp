@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QPainter>
+#include <QTextDocument>
 
 namespace orvim {
 
@@ -66,7 +67,9 @@ QString ElidedLabel::elidedText() const
 
 void ElidedLabel::updateToolTip()
 {
-    setToolTip(elidedText() == m_text ? QString() : m_text);
+    if (elidedText() == m_text) return setToolTip(QString());
+    // A file's name may look like markup.
+    setToolTip(Qt::mightBeRichText(m_text) ? QStringLiteral("<span>%1</span>").arg(m_text.toHtmlEscaped()) : m_text);
 }
 
 } // namespace orvim

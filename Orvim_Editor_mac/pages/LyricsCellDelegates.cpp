@@ -87,7 +87,7 @@ QWidget* TypedCellDelegate::createEditor(QWidget* parent, const QStyleOptionView
     // A file that is dropped here is for the page.
     editor->setAcceptDrops(false);
     if (m_kind == Kind::number) {
-        static const QRegularExpression signAndDigits(QStringLiteral("[+\\-＋－]?[0-9０-９]+"));
+        static const QRegularExpression signAndDigits(QStringLiteral("[+\\-＋－\u2212]?[0-9０-９]+"));
         editor->setAlignment(Qt::AlignRight);
         editor->setValidator(new QRegularExpressionValidator(signAndDigits, editor));
     }

@@ -72,7 +72,8 @@ bool assign(Field& field, const Field& value)
 std::optional<std::int64_t> typedNumber(const QString& text)
 {
     static const QRegularExpression pattern(QStringLiteral("\\A[+-]?[0-9]+\\z"));
-    const QString number = text.normalized(QString::NormalizationForm_KC).trimmed();
+    QString number = text.normalized(QString::NormalizationForm_KC).trimmed();
+    number.replace(QChar(0x2212), QLatin1Char('-')); // the minus sign of input methods
     if (!pattern.match(number).hasMatch()) return std::nullopt;
     bool isInRange = false;
     const std::int64_t value = number.toLongLong(&isInRange);

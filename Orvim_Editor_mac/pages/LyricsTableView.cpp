@@ -5,6 +5,7 @@
 
 #include <QActionGroup>
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QInputMethod>
@@ -47,6 +48,9 @@ LyricsColumn columnOf(const QModelIndex& index)
 
 LyricsTableView::LyricsTableView(LyricsPageActions& actions, QWidget* parent) : QTableView(parent), m_actions(actions)
 {
+    // Before the model's own selection hears of them: it moves the current cell off a row that goes.
+    connect(&actions.table(), &LyricsTableModel::rowsAboutToBeRemoved, this, &LyricsTableView::rememberRemovedPlace);
+    connect(&actions.table(), &LyricsTableModel::modelAboutToBeReset, this, &LyricsTableView::rememberPlace);
     setModel(&actions.table());
     setUpCells();
     setFrameShape(QFrame::NoFrame);
@@ -74,7 +78,7 @@ LyricsTableView::LyricsTableView(LyricsPageActions& actions, QWidget* parent) : 
     fitSizesToFont();
     connect(&actions, &LyricsPageActions::listChanged, this, &LyricsTableView::showList);
     connect(&actions, &LyricsPageActions::rowsAdded, this, &LyricsTableView::goToAddedRows);
-    connect(&actions.table(), &LyricsTableModel::modelAboutToBeReset, this, &LyricsTableView::rememberPlace);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &LyricsTableView::placeDropHint);
     showList();
 }
 
@@ -128,7 +132,7 @@ void LyricsTableView::showList()
     showSelection();
     restorePlace();
     m_dropHint->setVisible(!m_actions.state().hasOpenedMIDI);
-    placeDropHint();
+    updateGeometries();
 }
 
 void LyricsTableView::showSelection()
@@ -155,15 +159,24 @@ void LyricsTableView::goToAddedRows()
     const auto& ids = m_actions.state().selectedRowIDs;
     const auto& rows = m_actions.state().rows;
     const auto first = std::ranges::find_if(rows, [&](const LyricsTableRow& row) { return ids.contains(row.id); });
+    if (first == rows.end()) return; // behind rows of another song
     const int column = currentIndex().isValid() ? currentIndex().column() : static_cast<int>(LyricsColumn::text);
     const QModelIndex current = model()->index(static_cast<int>(first - rows.begin()), column);
     selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
     scrollTo(current);
 }
 
+/// Rows go from the last to the first, so that the row of the current cell may be any of them.
+void LyricsTableView::rememberRemovedPlace(const QModelIndex&, int first, int last)
+{
+    const int row = currentIndex().row();
+    if (!m_hasLostPlace && row >= first && row <= last) rememberPlace();
+}
+
 /// A table that is made anew, for another song or a change in very many places, loses its current cell.
 void LyricsTableView::rememberPlace()
 {
+    m_hasLostPlace = true;
     m_rowsAbove.clear();
     for (int row = 0; row < currentIndex().row(); ++row)
         m_rowsAbove.insert(m_actions.table().row(row).id);
@@ -174,12 +187,13 @@ void LyricsTableView::rememberPlace()
 void LyricsTableView::restorePlace()
 {
     const auto& rows = m_actions.state().rows;
-    if (!currentIndex().isValid() && !rows.empty()) {
+    if (m_hasLostPlace && !rows.empty()) {
         const auto above =
             std::ranges::count_if(rows, [this](const LyricsTableRow& row) { return m_rowsAbove.contains(row.id); });
         const int row = std::min(static_cast<int>(above), m_actions.table().rowCount() - 1);
         selectionModel()->setCurrentIndex(model()->index(row, m_column), QItemSelectionModel::NoUpdate);
     }
+    m_hasLostPlace = false;
     m_rowsAbove.clear();
 }
 
@@ -215,13 +229,18 @@ void LyricsTableView::followInputMethod()
 
 void LyricsTableView::keyPressEvent(QKeyEvent* event)
 {
+    if (event->matches(QKeySequence::Copy)) return copyCell();
+    const bool isBare = !(event->modifiers() & ~Qt::KeypadModifier);
     switch (event->key()) {
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
+        // What an edited cell leaves of its own keys comes here.
+        if (!isBare || state() == EditingState) break;
         if (!event->isAutoRepeat()) m_actions.deleteSelected();
         return;
     case Qt::Key_Insert:
-        if (event->modifiers()) break;
+        if (!isBare) break;
+        commitEditing();
         if (!event->isAutoRepeat()) m_actions.insert();
         return;
     case Qt::Key_F2:
@@ -242,6 +261,15 @@ void LyricsTableView::keyPressEvent(QKeyEvent* event)
         break;
     }
     QTableView::keyPressEvent(event);
+}
+
+/// The cell's text whole, as it would be edited.
+void LyricsTableView::copyCell()
+{
+    const QModelIndex index = currentIndex();
+    if (!index.isValid() || columnOf(index) == LyricsColumn::preview) return;
+    const auto role = columnOf(index) == LyricsColumn::command ? Qt::DisplayRole : Qt::EditRole;
+    QGuiApplication::clipboard()->setText(index.data(role).toString());
 }
 
 /// Space presses what can be pressed, Ctrl+Space puts the row into the selection or takes it out; else it is typed.
@@ -438,15 +466,28 @@ void LyricsTableView::resizeEvent(QResizeEvent* event)
     placeDropHint();
 }
 
-/// In the middle, or below the rows where they reach so far. It lies beside the viewport, whose children scroll.
+/// Leaves room for the hint below the last row.
+void LyricsTableView::updateGeometries()
+{
+    QTableView::updateGeometries();
+    if (!m_dropHint) return;
+    const int hintRoom = m_dropHint->isHidden() ? 0 : m_dropHint->sizeHint().height() + 2 * hintMargin;
+    if (const int length = verticalHeader()->length(); hintRoom > 0 && length > 0)
+        verticalScrollBar()->setMaximum(std::max(0, length + hintRoom - viewport()->height()));
+    placeDropHint();
+}
+
+/// In the middle, or below the last row where the rows reach so far. It lies beside the viewport, whose children scroll
+/// sidewards too, and is seen only over the viewport.
 void LyricsTableView::placeDropHint()
 {
     const QRect area = viewport()->geometry();
     QRect hint(QPoint(), m_dropHint->sizeHint());
     hint.moveCenter(area.center());
     const int rowsEnd = area.top() + verticalHeader()->length() - verticalScrollBar()->value();
-    hint.moveTop(std::min(std::max(hint.top(), rowsEnd + hintMargin), area.bottom() - hint.height() - hintMargin));
+    hint.moveTop(std::max(hint.top(), rowsEnd + hintMargin));
     m_dropHint->setGeometry(hint);
+    m_dropHint->setMask(area.translated(-hint.topLeft()));
 }
 
 void LyricsTableView::changeEvent(QEvent* event)

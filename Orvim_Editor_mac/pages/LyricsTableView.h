@@ -40,6 +40,7 @@ protected:
     bool viewportEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void updateGeometries() override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
@@ -51,8 +52,10 @@ private:
     void showList();
     void showSelection();
     void goToAddedRows();
+    void rememberRemovedPlace(const QModelIndex& parent, int first, int last);
     void rememberPlace();
     void restorePlace();
+    void copyCell();
     bool pressSpace(const QKeyEvent& event);
     bool activateCell();
     bool stepByTab(QKeyEvent& event);
@@ -69,6 +72,7 @@ private:
     ButtonCellDelegate* m_buttons = nullptr;
     QLabel* m_dropHint = nullptr;
     QSet<LyricsRowID> m_rowsAbove;      ///< those before the current one, as long as the table is made anew
+    bool m_hasLostPlace = false;        ///< the current one's row goes, or all rows
     int m_column = 0;                   ///< the current one, likewise
     QPersistentModelIndex m_heldButton; ///< the one that took the press of the pointer
     QPersistentModelIndex m_pressedCommand;

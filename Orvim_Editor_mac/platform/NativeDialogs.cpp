@@ -94,6 +94,7 @@ std::optional<QString> NativeDialogs::savePath(const QString& proposedName, File
 bool NativeDialogs::askYesNo(const QString& question)
 {
     QMessageBox box(QMessageBox::Question, QString(), question, QMessageBox::NoButton, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText); // a file's name may look like markup
     QPushButton* const yes = box.addButton(QStringLiteral("はい"), QMessageBox::YesRole);
     QPushButton* const no = box.addButton(QStringLiteral("いいえ"), QMessageBox::NoRole);
     // Every question of the editor is about losing something, so that Return alone does not.

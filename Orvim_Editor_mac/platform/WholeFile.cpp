@@ -39,7 +39,6 @@ std::vector<std::uint8_t> readWholeFile(const QString& path)
 bool writeWholeFile(const QString& path, const QByteArray& bytes)
 {
     QSaveFile file(path);
-    file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly)) return false;
     // A disk that fills up takes the first part of the bytes, which the file by itself counts as no failure.
     const bool isWhole = file.write(bytes) == bytes.size() && file.flush() && file.size() == bytes.size();

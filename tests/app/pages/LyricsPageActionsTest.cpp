@@ -130,6 +130,7 @@ TEST_F(LyricsPageActionsTest, OpeningTakesRowsPathAndTicksOfABar)
     EXPECT_TRUE(state().hasOpenedMIDI);
     EXPECT_EQ(state().lyricsTicksPerBar, 384);
     EXPECT_EQ(status(), QStringLiteral("MIDIファイルを読み込みました。"));
+    EXPECT_EQ(dialogs.openedKinds, QList<FileKind>{FileKind::midi});
 }
 
 TEST_F(LyricsPageActionsTest, TheSelectionStaysAsItIsOnOpeningAndOldRowsInItSelectNothing)
@@ -239,15 +240,16 @@ TEST_F(LyricsPageActionsTest, OfSeveralDroppedFilesTheFirstSongIsOpened)
     EXPECT_EQ(state().rows.size(), 2u);
 }
 
-TEST_F(LyricsPageActionsTest, DropsWhileASongIsReadFollowItEachWithItsReport)
+TEST_F(LyricsPageActionsTest, DropsWhileASongIsOpenedFollowItEachWithItsReport)
 {
     const QString none = write(QStringLiteral("none.mid"), bytes("4D 54 68 64"));
     const QString late = write(QStringLiteral("late.mid"), songOfLyrics(3));
-    QTimer::singleShot(0, &actions, [&] {
+    dialogs.pathToOpen = write(QStringLiteral("song.mid"), songOfLyrics(20));
+    dialogs.whileOpening = [&] {
         actions.openDropped({QUrl::fromLocalFile(none)});
         actions.openDropped({QUrl::fromLocalFile(late)});
-    });
-    open(songOfLyrics(20'000));
+    };
+    actions.openByPanel();
     EXPECT_EQ(state().openedMIDIPath, late);
     EXPECT_EQ(state().rows.size(), 3u);
     EXPECT_EQ(plugged.log(), QStringLiteral(" MIDIファイルを読み込みました。\n MIDIファイルを開けません。\n "
@@ -256,15 +258,14 @@ TEST_F(LyricsPageActionsTest, DropsWhileASongIsReadFollowItEachWithItsReport)
 
 TEST_F(LyricsPageActionsTest, WhenTheApplicationQuitsDropsThatWaitAreGivenUp)
 {
-    const QString song = write(QStringLiteral("song.mid"), songOfLyrics(20'000));
+    dialogs.pathToOpen = write(QStringLiteral("song.mid"), songOfLyrics(20));
     const QString late = write(QStringLiteral("late.mid"), songOfLyrics(3));
-    QTimer::singleShot(0, &actions, [&] {
-        QTimer::singleShot(0, &actions, [&] {
-            actions.openDropped({QUrl::fromLocalFile(late)});
-            QTimer::singleShot(0, &actions, [] { QCoreApplication::quit(); });
-        });
-        actions.load(song);
-    });
+    dialogs.whileOpening = [&] {
+        actions.openDropped({QUrl::fromLocalFile(late)});
+        QCoreApplication::quit();
+        QCoreApplication::processEvents();
+    };
+    QTimer::singleShot(0, &actions, [&] { actions.openByPanel(); });
     QCoreApplication::exec();
     QCoreApplication::processEvents();
     EXPECT_FALSE(state().hasOpenedMIDI);

@@ -8,6 +8,7 @@
 #include <QDragLeaveEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 
 namespace orvim {
 namespace {
@@ -71,15 +72,29 @@ TEST_F(LyricsPageViewTest, TheHintStandsInTheMiddleOnlyWhileNoFileIsOpen)
     EXPECT_FALSE(hint().isVisible());
 }
 
-TEST_F(LyricsPageViewTest, TheHintGivesWayToRowsWhileThereIsRoom)
+TEST_F(LyricsPageViewTest, TheHintStandsBelowTheRowsAndScrollsWithThem)
 {
+    const auto rowsEnd = [&] {
+        const int last = actions().table().rowCount() - 1;
+        return table().visualRect(cell(last, LyricsColumn::text)).bottom() + table().viewport()->y();
+    };
+    const auto isSeen = [&] { return !(hint().mask() & hint().rect()).isEmpty(); };
     for (int i = 0; i < 12; ++i)
         actions().insert();
-    const QRect last = table().visualRect(cell(11, LyricsColumn::text)).translated(table().viewport()->pos());
-    EXPECT_GT(hint().geometry().top(), last.bottom());
+    EXPECT_GT(hint().geometry().top(), rowsEnd());
+    EXPECT_TRUE(isSeen());
     for (int i = 0; i < 100; ++i)
         actions().insert();
+    table().scrollToTop();
+    EXPECT_GT(hint().geometry().top(), rowsEnd());
+    EXPECT_FALSE(isSeen());
+    table().verticalScrollBar()->setValue(table().verticalScrollBar()->maximum());
+    EXPECT_GT(hint().geometry().top(), rowsEnd());
     EXPECT_TRUE(table().viewport()->geometry().contains(hint().geometry()));
+    EXPECT_TRUE(isSeen());
+    open(songOfLyrics(112));
+    table().verticalScrollBar()->setValue(table().verticalScrollBar()->maximum());
+    EXPECT_EQ(rowsEnd(), table().viewport()->geometry().bottom()) << "no room is left for a hint that is not there";
 }
 
 TEST_F(LyricsPageViewTest, TheHeaderCountsRowsAndNamesTheFileWhole)
@@ -242,7 +257,7 @@ TEST_F(LyricsPageViewTest, ADroppedWAVFileDoesNothingAndReportsNothing)
     const QString before = plugged.log();
     const QString wave = write(QStringLiteral("a.wav"), bytes("52 49 46 46"));
     EXPECT_TRUE(dropOnMiddle(page(), {QUrl::fromLocalFile(wave)}));
-    QTest::qWait(50);
+    QCoreApplication::processEvents();
     EXPECT_EQ(plugged.log(), before);
     EXPECT_FALSE(state().hasOpenedMIDI);
 }
@@ -254,7 +269,7 @@ TEST_F(LyricsPageViewTest, ADroppedWAVFileLeavesAnEditOpen)
     type(QStringLiteral("typed"));
     const QString wave = write(QStringLiteral("a.wav"), bytes("52 49 46 46"));
     EXPECT_TRUE(dropOnMiddle(page(), {QUrl::fromLocalFile(wave)}));
-    QTest::qWait(50);
+    QCoreApplication::processEvents();
     ASSERT_TRUE(editor());
     EXPECT_EQ(editor()->text(), QStringLiteral("typed"));
     EXPECT_EQ(row(0).text, "0");

@@ -49,6 +49,7 @@ TEST(TypedNumber, SignsAreOptionalAndDigitsMayBeWide)
     EXPECT_EQ(typedNumber(QStringLiteral("-12")), -12);
     EXPECT_EQ(typedNumber(QStringLiteral("+007")), 7);
     EXPECT_EQ(typedNumber(QStringLiteral("－１２３")), -123);
+    EXPECT_EQ(typedNumber(QStringLiteral("\u2212１２３")), -123) << "the minus sign of input methods";
     for (const char* bad : {"", "-", "1.5", "12a", "0x10", "1 2", "１a"})
         EXPECT_EQ(typedNumber(QString::fromUtf8(bad)), std::nullopt) << bad;
 }

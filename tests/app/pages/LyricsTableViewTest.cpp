@@ -3,6 +3,7 @@
 #include "tests/app/support/LyricsPageWindow.h"
 
 #include <QAccessible>
+#include <QClipboard>
 #include <QHelpEvent>
 #include <QScrollBar>
 #include <QToolTip>
@@ -51,6 +52,17 @@ TEST_F(LyricsTableViewTest, TabCommitsAndGoesRightAndBacktabLeft)
     press(Qt::Key_Backtab);
     EXPECT_EQ(row(0).ticks, -40);
     EXPECT_TRUE(isAt(0, LyricsColumn::bar));
+}
+
+TEST_F(LyricsTableViewTest, AWideNegativeNumberOfAnInputMethodIsTaken)
+{
+    open(songOfLyrics(1));
+    goTo(0, LyricsColumn::ticks);
+    press(Qt::Key_F2);
+    editor()->clear();
+    compose({}, QStringLiteral("\u2212１０"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(row(0).ticks, -10);
 }
 
 TEST_F(LyricsTableViewTest, TabGoesFromAnEditedCellAsFromAnyOther)
@@ -433,6 +445,54 @@ TEST_F(LyricsTableViewTest, InACellThatIsEditedTheDeleteKeysAreForItsText)
     EXPECT_THAT(texts(), ElementsAre("b"));
 }
 
+TEST_F(LyricsTableViewTest, DeleteKeysWithModifiersDeleteNoRowsWhetherACellIsEditedOrNot)
+{
+    open(songOfLyrics(3));
+    for (const bool isEdited : {false, true}) {
+        goTo(1, LyricsColumn::text);
+        if (isEdited) type(QStringLiteral("typed"));
+        ASSERT_EQ(editor() != nullptr, isEdited);
+        for (const auto key : {Qt::Key_Delete, Qt::Key_Backspace})
+            for (const auto modifiers : {Qt::ControlModifier | Qt::ShiftModifier, Qt::AltModifier | Qt::NoModifier,
+                                         Qt::MetaModifier | Qt::NoModifier, Qt::ControlModifier | Qt::AltModifier})
+                press(key, modifiers);
+        ASSERT_EQ(state().rows.size(), 3u);
+        EXPECT_EQ(editor() != nullptr, isEdited);
+    }
+}
+
+TEST_F(LyricsTableViewTest, TheKeypadsKeysInsertAndDelete)
+{
+    open(songOfLyrics(2));
+    goTo(1, LyricsColumn::text);
+    press(Qt::Key_Insert, Qt::KeypadModifier);
+    EXPECT_THAT(texts(), ElementsAre("0", "1", ""));
+    press(Qt::Key_Delete, Qt::KeypadModifier);
+    EXPECT_THAT(texts(), ElementsAre("0", "1"));
+}
+
+TEST_F(LyricsTableViewTest, InsertTakesOverWhatIsBeingTyped)
+{
+    open(songOfLyrics(2));
+    goTo(0, LyricsColumn::text);
+    type(QStringLiteral("typed"));
+    press(Qt::Key_Insert);
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(texts(), ElementsAre("typed", "", "1"));
+}
+
+TEST_F(LyricsTableViewTest, CopyTakesTheCellsWholeText)
+{
+    const std::string text = "a\r\n" + std::string(600, 'b');
+    open(songOf({metaEvent(0, lyricMeta, "$ADD_LO$" + text)}));
+    goTo(0, LyricsColumn::text);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), text);
+    goTo(0, LyricsColumn::command);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("ADD_LO"));
+}
+
 TEST_F(LyricsTableViewTest, ArrowsWithShiftAndCtrlAChooseManyRows)
 {
     open(songOfLyrics(4));
@@ -461,10 +521,35 @@ TEST_F(LyricsTableViewTest, AfterADeletionTheKeysGoOnFromTheSamePlace)
     open(songOfLyrics(5));
     goTo(2, LyricsColumn::text);
     press(Qt::Key_Delete);
-    EXPECT_TRUE(table().currentIndex().isValid());
+    EXPECT_TRUE(isAt(2, LyricsColumn::text));
     EXPECT_TRUE(state().selectedRowIDs.isEmpty());
     press(Qt::Key_Down);
-    EXPECT_EQ(state().selectedRowIDs.size(), 1);
+    EXPECT_EQ(texts(), (std::vector<std::string>{"0", "1", "3", "4"}));
+    EXPECT_EQ(state().selectedRowIDs, QSet<LyricsRowID>{id(3)});
+}
+
+TEST_F(LyricsTableViewTest, AfterADeletionOfRowsApartTheKeysGoOnWhereTheCurrentOneWas)
+{
+    open(songOfLyrics(8));
+    click(1, LyricsColumn::text);
+    click(2, LyricsColumn::text, Qt::ControlModifier);
+    click(6, LyricsColumn::text, Qt::ControlModifier);
+    click(4, LyricsColumn::text, Qt::ControlModifier);
+    press(Qt::Key_Delete);
+    EXPECT_THAT(texts(), ElementsAre("0", "3", "5", "7"));
+    EXPECT_TRUE(isAt(2, LyricsColumn::text)) << "where 4 was";
+}
+
+TEST_F(LyricsTableViewTest, AnInsertionThatAddsNothingKeepsTheCurrentCell)
+{
+    open(songOfLyrics(3));
+    click(1, LyricsColumn::text);
+    open(songOfLyrics(3));
+    table().setFocus();
+    ASSERT_TRUE(isAt(0, LyricsColumn::text));
+    press(Qt::Key_Insert);
+    EXPECT_EQ(state().rows.size(), 3u);
+    EXPECT_TRUE(isAt(0, LyricsColumn::text));
 }
 
 TEST_F(LyricsTableViewTest, OpeningAnotherSongKeepsTheSelectionOfOldRowsToItself)
@@ -538,7 +623,7 @@ TEST_F(LyricsTableViewTest, ARowDeletedByItsMenuLeavesTheViewWhereItIs)
     EXPECT_NEAR(table().currentIndex().row(), 19'990, 1);
 }
 
-TEST_F(LyricsTableViewTest, ALongTextIsElidedAndItsToolTipIsWhole)
+TEST_F(LyricsTableViewTest, TheToolTipOfALongTextIsWhole)
 {
     const std::string longText(600, 'x');
     open(songOf({metaEvent(0, lyricMeta, longText), metaEvent(1, lyricMeta, "short")}));
@@ -550,6 +635,22 @@ TEST_F(LyricsTableViewTest, ALongTextIsElidedAndItsToolTipIsWhole)
     };
     EXPECT_EQ(toolTipAt(1), QString());
     EXPECT_TRUE(toolTipAt(0).contains(QString::fromStdString(longText)));
+}
+
+TEST_F(LyricsTableViewTest, ALongTextIsDrawnWithAnEllipsisAtItsEnd)
+{
+    const std::string longText(300, 'x');
+    open(songOf({metaEvent(0, lyricMeta, longText), metaEvent(1, lyricMeta, "-"), metaEvent(2, lyricMeta, "-")}));
+    const auto picture = [&](int row) {
+        return table().viewport()->grab(table().visualRect(cell(row, LyricsColumn::text))).toImage();
+    };
+    const int room = table().columnWidth(static_cast<int>(LyricsColumn::text)) - 2 * lyricsCellMargin;
+    const QString elided = table().fontMetrics().elidedText(QString::fromStdString(longText), Qt::ElideRight, room);
+    ASSERT_TRUE(elided.endsWith(QChar(0x2026)));
+    actions().table().setData(cell(2, LyricsColumn::text), elided, Qt::EditRole);
+    EXPECT_TRUE(picture(2) == picture(0));
+    actions().table().setData(cell(2, LyricsColumn::text), elided.chopped(1), Qt::EditRole);
+    EXPECT_FALSE(picture(2) == picture(0));
 }
 
 TEST_F(LyricsTableViewTest, AScreenReaderIsToldWhatAPreviewButtonPlaysAndHowItIsPressed)

@@ -115,15 +115,20 @@ TEST_F(WriteWholeFile, AFolderThatTakesNoNewFileStaysEmpty)
     EXPECT_EQ(names(), QStringList());
 }
 
-TEST_F(WriteWholeFile, InAFolderThatTakesNoNewFileAnOldOneIsWrittenOver)
+TEST_F(WriteWholeFile, InAFolderThatTakesNoNewFileAnOldOneStaysWhole)
 {
     writeOld();
     EXPECT_TRUE(QFile::setPermissions(path(), QFile::Permissions(0x6666)));
-    const auto isWritten = writeIntoLockedFolder();
-    if (!isWritten) GTEST_SKIP() << "the root user could not become an ordinary one";
-    EXPECT_TRUE(*isWritten);
-    EXPECT_EQ(content(), fresh);
-    EXPECT_EQ(names().size(), 1);
+    for (const bool isDiskFull : {false, true}) {
+        std::optional<FullDisk> disk;
+        if (isDiskFull) disk.emplace(1000);
+        const auto isWritten = writeIntoLockedFolder();
+        disk.reset();
+        if (!isWritten) GTEST_SKIP() << "the root user could not become an ordinary one";
+        EXPECT_FALSE(*isWritten);
+        EXPECT_EQ(content(), old);
+        EXPECT_EQ(names().size(), 1);
+    }
 }
 
 } // namespace
