@@ -7,12 +7,11 @@ namespace {
 
 using test::bytes;
 using test::joined;
+using test::Progress;
 
 class ImageTransferPageSendTest : public test::ImageTransferPageTest
 {
 };
-
-using Progress = std::vector<std::optional<double>>;
 
 TEST_F(ImageTransferPageSendTest, ShowingARowSendsItsMessagesAndMovesTheSimulator)
 {
@@ -50,11 +49,7 @@ TEST_F(ImageTransferPageSendTest, TheSimulatorShowsTheRowsPicture)
 TEST_F(ImageTransferPageSendTest, ProgressRunsFromOne64thTo1AndEnds)
 {
     addPictures(1);
-    Progress expected;
-    for (int i = 1; i <= 64; ++i)
-        expected.push_back(i / 64.0);
-    expected.push_back(std::nullopt);
-    EXPECT_EQ(progressDuring([&] { actions().runOnModule(items()[0].id); }), expected);
+    EXPECT_EQ(progressDuring([&] { actions().runOnModule(items()[0].id); }), test::progressOf(64));
 }
 
 TEST_F(ImageTransferPageSendTest, TheProgressStandsBeforeItsMessageLeaves)

@@ -10,6 +10,8 @@ using test::dropOnMiddle;
 
 class ImageTransferPageViewTest : public test::ImageTransferPageTest
 {
+protected:
+    QStringList photos(int count);
 };
 
 /// The widget alone, without what lies under it.
@@ -20,6 +22,22 @@ QImage drawn(QWidget& widget, int pixelRatio = 1)
     image.fill(Qt::transparent);
     widget.render(&image, {}, {}, QWidget::RenderFlags());
     return image;
+}
+
+/// A large picture of many colours under as many names, which are not in the order of the alphabet.
+QStringList ImageTransferPageViewTest::photos(int count)
+{
+    QImage colors(40, 30, QImage::Format_RGB32);
+    for (int y = 0; y < colors.height(); ++y)
+        for (int x = 0; x < colors.width(); ++x)
+            colors.setPixelColor(x, y, QColor::fromHsv((x * 53 + y * 91) % 360, 255, 255 - 4 * y));
+    QStringList paths{folder.filePath(QStringLiteral("%1.jpg").arg(count))};
+    EXPECT_TRUE(colors.scaled(4'000, 3'000, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).save(paths[0]));
+    for (int i = count - 1; i > 0; --i) {
+        paths << folder.filePath(QStringLiteral("%1.jpg").arg(i));
+        EXPECT_TRUE(QFile::copy(paths[0], paths.back()));
+    }
+    return paths;
 }
 
 TEST_F(ImageTransferPageViewTest, OpensEmptyWithTheHintInTheMiddleOfTheList)
@@ -120,17 +138,32 @@ TEST_F(ImageTransferPageViewTest, ABrokenPictureIsReportedInTheNormalLookBeforeT
     EXPECT_FALSE(plugged.runtime.midiOutManager().lastErrorMessage());
 }
 
-TEST_F(ImageTransferPageViewTest, WhileManyPhotosAreLoadedTheWindowLivesAndProgressRuns)
+TEST_F(ImageTransferPageViewTest, WhileManyDroppedPhotosAreLoadedTheWindowLivesAndProgressRuns)
 {
-    int ticks = 0;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
-    timer.start(0);
-    QSignalSpy progress(&plugged.runtime.midiOutManager(), &MIDIOutManager::progressChanged);
-    addPictures(32);
-    EXPECT_GT(ticks, 0);
-    EXPECT_EQ(progress.count(), 33);
-    EXPECT_FALSE(plugged.runtime.midiOutManager().progressFraction());
+    const QStringList paths = photos(32);
+    std::vector<int> turns; // of the window, up to each value of the progress
+    int turnsSoFar = 0;
+    const auto& manager = plugged.runtime.midiOutManager();
+    QObject context;
+    QObject::connect(&manager, &MIDIOutManager::progressChanged, &context, [&] {
+        turns.push_back(turnsSoFar);
+        QMetaObject::invokeMethod(
+            &context, [&] { ++turnsSoFar; }, Qt::QueuedConnection);
+    });
+    test::Progress expectedProgress;
+    std::vector<int> expectedTurns; // With each file loaded the window has had the turn that it asked for before it.
+    for (int i = 0; i < 32; ++i) {
+        expectedProgress.push_back(i / 32.0);
+        expectedTurns.push_back(i);
+    }
+    expectedProgress.push_back(std::nullopt);
+    expectedTurns.push_back(32);
+
+    EXPECT_EQ(progressDuring([&] { drop(paths); }), expectedProgress);
+    EXPECT_EQ(turns, expectedTurns);
+    ASSERT_EQ(items().size(), 32u);
+    for (int i = 0; i < 32; ++i)
+        EXPECT_EQ(pathAt(i), paths[i]);
 }
 
 TEST_F(ImageTransferPageViewTest, ThePanelsFilesAreRegisteredAndACancelledOneSaysNothing)

@@ -3,6 +3,7 @@
 #include "core/tone/ToneEditorBuilder.h"
 #include "core/tone/ToneModuleModel.h"
 #include "core/tone/UserWaveformBuilder.h"
+#include "tests/app/support/Progress.h"
 #include "tests/app/support/ToneEditorTest.h"
 
 #include <algorithm>
@@ -285,15 +286,10 @@ TEST_F(ToneEditorSendAllTest, TheLogKeepsItsLimit)
 
 TEST_F(ToneEditorSendAllTest, ProgressRunsToTheEndAndGoesAway)
 {
-    std::vector<double> fractions;
-    auto& manager = plugged.runtime.midiOutManager();
-    QObject::connect(&manager, &MIDIOutManager::progressChanged, &manager,
-                     [&] { fractions.push_back(manager.progressFraction().value_or(-1)); });
-    actions.sending.sendAll();
-    ASSERT_GT(fractions.size(), 2'000U);
-    EXPECT_TRUE(std::ranges::is_sorted(fractions.begin(), fractions.end() - 1));
-    EXPECT_EQ(*(fractions.end() - 2), 1);
-    EXPECT_EQ(fractions.back(), -1);
+    plugged.system.forgetSent();
+    const auto progress = test::progressDuring(plugged.runtime.midiOutManager(), [this] { actions.sending.sendAll(); });
+    ASSERT_GT(sent().size(), 2'000U);
+    EXPECT_EQ(progress, test::progressOf(static_cast<int>(sent().size())));
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "platform/MainThreadDoor.h"
 #include "tests/app/support/Drop.h"
 #include "tests/app/support/PluggedRuntime.h"
+#include "tests/app/support/Progress.h"
 #include "tests/app/support/RecordingDialogs.h"
 #include "tests/app/support/WaveFile.h"
 
@@ -74,7 +75,8 @@ protected:
             urls << QUrl::fromLocalFile(path);
         const QString before = plugged.log();
         EXPECT_TRUE(dropOnMiddle(page(), urls));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return plugged.log() != before; }));
+        constexpr int longest = 60'000; // many files, on a busy machine
+        EXPECT_TRUE(QTest::qWaitFor([&] { return plugged.log() != before; }, longest));
     }
 
     /// The log without the bytes of its messages and without repetitions.
@@ -88,15 +90,9 @@ protected:
     }
 
     /// The progress that is shown while `action` runs.
-    std::vector<std::optional<double>> progressDuring(const std::function<void()>& action)
+    Progress progressDuring(const std::function<void()>& action)
     {
-        std::vector<std::optional<double>> values;
-        const auto& manager = plugged.runtime.midiOutManager();
-        const QObject context;
-        QObject::connect(&manager, &MIDIOutManager::progressChanged, &context,
-                         [&] { values.push_back(manager.progressFraction()); });
-        action();
-        return values;
+        return test::progressDuring(plugged.runtime.midiOutManager(), action);
     }
 
     /// Lets the first message of the next send wait for room, as a slow module does, and has `action` done meanwhile.
