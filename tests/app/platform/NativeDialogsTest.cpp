@@ -1,7 +1,14 @@
 #include "platform/NativeDialogs.h"
 
+#include "tests/app/support/WaveFile.h"
+
 #include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -75,6 +82,137 @@ TEST(NativeDialogs, YesIsChosenWithTheMouse)
             if (button->text() == QStringLiteral("はい")) return QTest::mouseClick(button, Qt::LeftButton);
     });
     EXPECT_TRUE(dialogs.askYesNo(QStringLiteral("?")));
+}
+
+/// An empty folder that is the user's home as long as this lives.
+class HomeFolder
+{
+public:
+    HomeFolder() { qputenv("HOME", QFile::encodeName(m_folder.path())); }
+    ~HomeFolder() { qputenv("HOME", m_former); }
+    HomeFolder(const HomeFolder&) = delete;
+    HomeFolder& operator=(const HomeFolder&) = delete;
+
+    QString place(const char* name) const { return m_folder.filePath(QString::fromUtf8(name)); }
+
+private:
+    const QByteArray m_former = qgetenv("HOME");
+    const QTemporaryDir m_folder;
+};
+
+/// A user of the toolkit's own save dialog, who answers every question the same way and gives up the dialog where it is
+/// still there afterwards.
+class SavePathTest : public testing::Test
+{
+protected:
+    ~SavePathTest() override { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, m_wasWithoutNative); }
+
+    /// Empties the dialog's field and types the name there. With nothing to type: the dialog is cancelled.
+    std::optional<QString> saveAs(const char* name, QMessageBox::ButtonRole answer)
+    {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        m_name = QString::fromUtf8(name);
+        m_answer = answer;
+        m_questions = 0;
+        QObject presence;
+        actSoon(presence);
+        return m_dialogs.savePath(QStringLiteral("output.mid"), FileKind::midi);
+    }
+
+    QString place(const char* name) const { return m_home.place(name); }
+    void createFile(const char* name) { test::writeFile(place(name), "old"); }
+    int questions() const { return m_questions; }
+
+private:
+    /// Again and again, also inside of what it does: a question runs within the key that brings it.
+    void actSoon(QObject& presence)
+    {
+        QTimer::singleShot(10, &presence, [this, &presence] {
+            actSoon(presence);
+            act();
+        });
+    }
+
+    void act()
+    {
+        QWidget* const modal = QApplication::activeModalWidget();
+        if (auto* const box = qobject_cast<QMessageBox*>(modal)) return reply(*box);
+        auto* const dialog = qobject_cast<QFileDialog*>(modal);
+        if (!dialog) return;
+        const QString name = std::exchange(m_name, {});
+        if (name.isEmpty()) return dialog->reject();
+        auto* const field = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        field->clear();
+        QTest::keyClicks(field, name);
+        QTest::keyClick(field, Qt::Key_Return);
+    }
+
+    void reply(QMessageBox& box)
+    {
+        ++m_questions;
+        for (QAbstractButton* const button : box.buttons())
+            if (box.buttonRole(button) == m_answer) return QTest::mouseClick(button, Qt::LeftButton);
+        ADD_FAILURE() << "no such answer";
+        box.reject();
+    }
+
+    const bool m_wasWithoutNative = QCoreApplication::testAttribute(Qt::AA_DontUseNativeDialogs);
+    const HomeFolder m_home;
+    NativeDialogs m_dialogs;
+    QString m_name; ///< to be typed yet
+    QMessageBox::ButtonRole m_answer = QMessageBox::NoRole;
+    int m_questions = 0;
+};
+
+TEST_F(SavePathTest, ANewNameIsTakenWithoutAQuestion)
+{
+    EXPECT_EQ(saveAs("a.mid", QMessageBox::NoRole), place("a.mid"));
+    EXPECT_EQ(questions(), 0);
+}
+
+TEST_F(SavePathTest, ALeftOutExtensionIsAdded)
+{
+    EXPECT_EQ(saveAs("a", QMessageBox::NoRole), place("a.mid"));
+    EXPECT_EQ(questions(), 0);
+}
+
+TEST_F(SavePathTest, AnExistingFileIsAskedAboutOnce)
+{
+    createFile("a.mid");
+    EXPECT_EQ(saveAs("a.mid", QMessageBox::YesRole), place("a.mid"));
+    EXPECT_EQ(questions(), 1);
+    EXPECT_EQ(saveAs("a.mid", QMessageBox::NoRole), std::nullopt);
+    EXPECT_EQ(questions(), 1);
+}
+
+TEST_F(SavePathTest, AnExistingFileThatWasTypedWithoutItsExtensionIsAskedAboutOnce)
+{
+    createFile("a.mid");
+    EXPECT_EQ(saveAs("a", QMessageBox::YesRole), place("a.mid"));
+    EXPECT_EQ(questions(), 1);
+    EXPECT_EQ(saveAs("a", QMessageBox::NoRole), std::nullopt);
+    EXPECT_EQ(questions(), 1);
+}
+
+TEST_F(SavePathTest, BehindAnExtensionOfAnotherKindTheRightOneIsAdded)
+{
+    EXPECT_EQ(saveAs("a.v2", QMessageBox::NoRole), place("a.v2.mid"));
+    EXPECT_EQ(questions(), 0);
+}
+
+TEST_F(SavePathTest, AnExistingFileThatOnlyTheAddedExtensionMeansIsAskedAboutOnce)
+{
+    createFile("a.v2.mid");
+    EXPECT_EQ(saveAs("a.v2", QMessageBox::YesRole), place("a.v2.mid"));
+    EXPECT_EQ(questions(), 1);
+    EXPECT_EQ(saveAs("a.v2", QMessageBox::NoRole), std::nullopt);
+    EXPECT_EQ(questions(), 1);
+}
+
+TEST_F(SavePathTest, ACancelledDialogGivesNothing)
+{
+    EXPECT_EQ(saveAs("", QMessageBox::NoRole), std::nullopt);
+    EXPECT_EQ(questions(), 0);
 }
 
 } // namespace
