@@ -7,16 +7,14 @@
 #include "platform/WholeFile.h"
 #include "tests/app/support/PluggedRuntime.h"
 #include "tests/app/support/RecordingDialogs.h"
+#include "tests/bench/Scroll.h"
 
 #include <QApplication>
-#include <QScrollBar>
 #include <QStringListModel>
 #include <QTableView>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 
 namespace orvim {
 namespace {
@@ -82,29 +80,12 @@ void bareFile(benchmark::State& state)
         writeWholeFile(*page.dialogs.pathToSave, readWholeFile(page.path));
 }
 
-/// Each step shows other rows, as a wheel or a dragged scroll bar does; `slowest_ms` is the worst picture of all.
-void scroll(benchmark::State& state, QTableView& table)
-{
-    double slowest = 0;
-    int value = 0;
-    for (auto _ : state) {
-        const auto begin = std::chrono::steady_clock::now();
-        value = (value + 977) % table.verticalScrollBar()->maximum();
-        table.verticalScrollBar()->setValue(value);
-        QApplication::processEvents();
-        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
-        state.SetIterationTime(took.count());
-        slowest = std::max(slowest, took.count() * 1'000);
-    }
-    state.counters["slowest_ms"] = slowest;
-}
-
 /// Goal: every picture under 33 ms.
 void scrollLyrics(benchmark::State& state)
 {
     Page page;
     page.open();
-    scroll(state, *page.view.findChild<LyricsTableView*>());
+    test::scroll(state, *page.view.findChild<LyricsTableView*>());
 }
 
 /// The same with all rows selected.
@@ -114,7 +95,7 @@ void scrollSelectedLyrics(benchmark::State& state)
     page.open();
     auto& table = *page.view.findChild<LyricsTableView*>();
     table.selectAll();
-    scroll(state, table);
+    test::scroll(state, table);
 }
 
 /// The same with every second row selected, as an insertion behind each of all leaves them.
@@ -126,7 +107,7 @@ void scrollPickedLyrics(benchmark::State& state)
     table.selectAll();
     page.view.actions().insert();
     QApplication::processEvents();
-    scroll(state, table);
+    test::scroll(state, table);
 }
 
 /// The yardstick: one column of the toolkit's own cells.
@@ -139,7 +120,7 @@ void scrollPlainTable(benchmark::State& state)
     table.resize(1'000, 750);
     table.show();
     QApplication::processEvents();
-    scroll(state, table);
+    test::scroll(state, table);
 }
 
 /// A new row behind each of all the rows, up to the next picture. Goal: under 150 ms.
