@@ -139,9 +139,11 @@ private:
         if (auto* const box = qobject_cast<QMessageBox*>(modal)) return reply(*box);
         auto* const dialog = qobject_cast<QFileDialog*>(modal);
         if (!dialog) return;
+        auto* const field = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        // Before that it does not follow what is typed.
+        if (!field->hasFocus()) return;
         const QString name = std::exchange(m_name, {});
         if (name.isEmpty()) return dialog->reject();
-        auto* const field = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         field->clear();
         QTest::keyClicks(field, name);
         QTest::keyClick(field, Qt::Key_Return);
@@ -213,6 +215,13 @@ TEST_F(SavePathTest, ACancelledDialogGivesNothing)
 {
     EXPECT_EQ(saveAs("", QMessageBox::NoRole), std::nullopt);
     EXPECT_EQ(questions(), 0);
+}
+
+TEST_F(SavePathTest, TheNextDialogOpensInTheLastFolder)
+{
+    ASSERT_TRUE(QDir().mkdir(place("songs")));
+    EXPECT_EQ(saveAs("songs/a.mid", QMessageBox::NoRole), place("songs/a.mid"));
+    EXPECT_EQ(saveAs("b", QMessageBox::NoRole), place("songs/b.mid"));
 }
 
 } // namespace
