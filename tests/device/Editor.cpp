@@ -88,7 +88,7 @@ std::optional<Clock::time_point> Editor::firstErrorTime(std::chrono::millisecond
     return errorTime;
 }
 
-Heartbeat::Heartbeat(std::chrono::milliseconds interval)
+Heartbeat::Heartbeat()
 {
     auto* const timer = new QTimer(this);
     timer->setTimerType(Qt::PreciseTimer);
@@ -96,9 +96,8 @@ Heartbeat::Heartbeat(std::chrono::milliseconds interval)
         const auto now = Clock::now();
         longest = std::max(longest, now - last);
         last = now;
-        ++count;
     });
-    timer->start(interval);
+    timer->start(50ms);
 }
 
 std::chrono::milliseconds Heartbeat::longestGap() const

@@ -57,16 +57,14 @@ private:
     std::optional<Clock::time_point> errorTime;
 };
 
-/// Beats at an interval while the window is alive, counts, and notes the longest time without a beat.
+/// Beats every 50 ms while the window is alive, and notes the longest time without a beat.
 class Heartbeat : public QObject
 {
 public:
-    explicit Heartbeat(std::chrono::milliseconds interval = std::chrono::milliseconds(50));
+    Heartbeat();
     std::chrono::milliseconds longestGap() const;
-    int beats() const { return count; }
 
 private:
-    int count = 0;
     Clock::time_point last = Clock::now();
     Clock::duration longest{};
 };

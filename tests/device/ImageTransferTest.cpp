@@ -3,8 +3,10 @@
 #include "DisplaySimulatorState.h"
 #include "Editor.h"
 #include "Messages.h"
+#include "PortionsByTurns.h"
 #include "core/media/TransferMIDIFileBuilder.h"
 #include "pages/ImageTransferPageActions.h"
+#include "tests/app/support/Progress.h"
 #include "tests/app/support/RecordingDialogs.h"
 #include "tests/support/Bytes.h"
 #include "usbmodule/USBModule.h"
@@ -25,6 +27,16 @@ QImage picture(int index)
     return image;
 }
 
+QStringList pictureFiles(const QTemporaryDir& folder, int count)
+{
+    QStringList paths;
+    for (int i = 0; i < count; ++i) {
+        paths << folder.filePath(QStringLiteral("%1.png").arg(i));
+        EXPECT_TRUE(picture(i).save(paths.back()));
+    }
+    return paths;
+}
+
 /// The pixels as the module keeps them: the top 4 bits of red and the top 5 of green and blue, repeated to fill a byte.
 std::vector<std::uint8_t> asKeptByTheModule(const QImage& image)
 {
@@ -40,6 +52,12 @@ std::vector<std::uint8_t> asKeptByTheModule(const QImage& image)
     return pixels;
 }
 
+/// The pictures of the module's screens, as far as there are messages for them.
+std::vector<std::vector<std::uint8_t>> shownPictures(const tonavelle::Batch& arrived)
+{
+    return tonavelle::TransferMIDIFileBuilder::restoreImages(tonavelle::parseMIDIEvents(recordedFile(arrived)));
+}
+
 } // namespace
 
 TEST(ImageTransfer, ThePictureOfARowComesWholeToItsScreen)
@@ -48,14 +66,9 @@ TEST(ImageTransfer, ThePictureOfARowComesWholeToItsScreen)
     Editor editor;
     ASSERT_TRUE(editor.waitUntilSelected(moduleSecondPort));
     const QTemporaryDir folder;
-    QStringList paths;
-    for (int i = 0; i < 3; ++i) {
-        paths << folder.filePath(QStringLiteral("%1.png").arg(i));
-        ASSERT_TRUE(picture(i).save(paths.back()));
-    }
     RecordingDialogs dialogs;
     ImageTransferPageActions actions(editor.manager(), editor.runtime.displaySimulator(), dialogs);
-    actions.registerFiles(paths);
+    actions.registerFiles(pictureFiles(folder, 3));
     ASSERT_EQ(actions.itemCount(), 3);
 
     actions.runOnModule(actions.row(2).id);
@@ -63,11 +76,34 @@ TEST(ImageTransfer, ThePictureOfARowComesWholeToItsScreen)
     ASSERT_EQ(arrived.size(), 66U);
     EXPECT_EQ(arrived.front(), bytes("F0 00 48 05 7F 03 04 F7"));
     EXPECT_EQ(arrived.back(), bytes("F0 00 48 05 7F 26 02 F7"));
-    const auto images =
-        tonavelle::TransferMIDIFileBuilder::restoreImages(tonavelle::parseMIDIEvents(recordedFile(arrived)));
+    const auto images = shownPictures(arrived);
     ASSERT_EQ(images.size(), 3U);
     EXPECT_EQ(images[2], asKeptByTheModule(picture(2)));
     EXPECT_EQ(editor.runtime.displaySimulator().fields().arbitraryImageRGB, actions.state().items[2].rgb888);
+}
+
+TEST(ImageTransfer, AFullListComesWholeWhileTheWindowLives)
+{
+    USBModule module({.takesPortions = true});
+    Editor editor;
+    ASSERT_TRUE(editor.waitUntilSelected(moduleSecondPort));
+    const QTemporaryDir folder;
+    RecordingDialogs dialogs;
+    ImageTransferPageActions actions(editor.manager(), editor.runtime.displaySimulator(), dialogs);
+    actions.registerFiles(pictureFiles(folder, 32));
+    ASSERT_EQ(actions.itemCount(), 32);
+
+    const PortionsByTurns portions(module);
+    for (int row = 0; row < 32; ++row)
+        EXPECT_EQ(progressDuring(editor.manager(), [&] { actions.runOnModule(actions.row(row).id); }), progressOf(64));
+    const std::size_t portionsWhileSending = portions.count();
+    const auto arrived = arrivedAsLogged(module.port(1), editor);
+    ASSERT_EQ(arrived.size(), 32U * 66);
+    EXPECT_GE(portionsWhileSending, PortionsByTurns::leastFor(joined(arrived).size()));
+    const auto images = shownPictures(arrived);
+    ASSERT_EQ(images.size(), 32U);
+    for (int i = 0; i < 32; ++i)
+        EXPECT_EQ(images[static_cast<std::size_t>(i)], asKeptByTheModule(picture(i))) << i;
 }
 
 } // namespace orvim::test

@@ -42,7 +42,8 @@ void prepareWakeUpSignal()
 
 USBModule::USBModule(USBModulePlan behaviour)
     : plan(std::move(behaviour)), control(openGadgetFile("dummy_udc", moduleDescription(plan.ports))),
-      wakeUp(::eventfd(0, EFD_CLOEXEC)), wires(plan.ports)
+      wakeUp(::eventfd(0, EFD_CLOEXEC)), wires(plan.ports),
+      allowed(plan.takesPortions ? 0 : std::numeric_limits<std::size_t>::max())
 {
     prepareWakeUpSignal();
     controller = std::jthread([this](std::stop_token stop) { answerRequests(std::move(stop)); });
@@ -59,6 +60,15 @@ void USBModule::unplug()
     controller.request_stop();
     ::eventfd_write(wakeUp.get(), 1);
     controller.join();
+}
+
+bool USBModule::letTakePortion()
+{
+    const std::lock_guard lock(pausing);
+    if (taken < allowed) return false;
+    allowed = taken + portion;
+    pauseEnds.notify_all();
+    return true;
 }
 
 std::optional<Clock::time_point> USBModule::unpluggedAt() const
@@ -131,10 +141,11 @@ void USBModule::stopReading()
 /// The reader's thread. While it does not read, the endpoint refuses the host's data, as a slow module does.
 void USBModule::takeData(std::stop_token stop)
 {
-    std::array<std::uint8_t, 512> transfer{};
+    std::array<std::uint8_t, longestTransfer> transfer{};
     bool hasHung = false;
     Clock::time_point due = Clock::now();
     while (!stop.stop_requested()) {
+        waitUntilAllowed(stop);
         const ssize_t size = ::read(outEndpoint.get(), transfer.data(), transfer.size());
         if (size < 0) return;
         const std::size_t count = readEventPackets(
@@ -162,6 +173,12 @@ void USBModule::pause(std::stop_token stop, Clock::time_point until)
 {
     std::unique_lock lock(pausing);
     pauseEnds.wait_until(lock, std::move(stop), until, [] { return false; });
+}
+
+void USBModule::waitUntilAllowed(std::stop_token stop)
+{
+    std::unique_lock lock(pausing);
+    pauseEnds.wait(lock, std::move(stop), [this] { return taken < allowed; });
 }
 
 /// gadgetfs takes a transfer in the direction opposite to the request's for a refusal.

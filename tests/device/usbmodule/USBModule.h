@@ -23,6 +23,7 @@ struct USBModulePlan {
     std::optional<std::size_t> hangsAt = {};   ///< after that many bytes it takes nothing ...
     std::chrono::milliseconds hangsFor = {};   ///< ... for so long
     std::optional<std::size_t> unplugsAt = {}; ///< after that many bytes it is unplugged
+    bool takesPortions = false;                ///< whether it takes only what it is let by letTakePortion()
 };
 
 /// A USB MIDI module made of two threads, plugged into the kernel's pretended host controller through gadgetfs. It
@@ -40,6 +41,10 @@ public:
     void unplug();
     /// When it was pulled out, by its plan or by unplug().
     std::optional<Clock::time_point> unpluggedAt() const;
+    /// Lets a module that takes portions take one. False while the one before is not taken.
+    bool letTakePortion();
+    static constexpr std::size_t portion = 4096;
+    static constexpr std::size_t longestTransfer = 512; ///< by which it may take more than its portion
     /// The bytes that it took so far on all ports.
     std::size_t bytesTaken() const { return taken; }
     const Wire& port(std::size_t index) const { return wires.at(index); }
@@ -51,6 +56,7 @@ private:
     void stopReading();
     void takeData(std::stop_token stop);
     void pause(std::stop_token stop, Clock::time_point until);
+    void waitUntilAllowed(std::stop_token stop);
     void refuse(bool expectsData);
     void acknowledge();
 
@@ -63,6 +69,7 @@ private:
     std::atomic<std::size_t> taken = 0;
     std::atomic<Clock::time_point> outSince{Clock::time_point{}};
     std::mutex pausing;
+    std::size_t allowed; ///< up to how many bytes it takes; guarded by `pausing`
     std::condition_variable_any pauseEnds;
     std::atomic<bool> readerEnded = true;
     std::jthread reader;
