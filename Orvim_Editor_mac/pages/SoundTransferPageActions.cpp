@@ -119,11 +119,12 @@ void SoundTransferPageActions::renumber()
 
 bool SoundTransferPageActions::addFile(const QString& path)
 {
-    SoundTransferItem item{QUuid::createUuid(), itemCount(), path, {}};
-    const bool goesOn = runInBackground([&] { item.pcm16LittleEndian = loadAudioFile(path); });
+    std::optional<std::vector<std::uint8_t>> pcm;
+    if (!runInBackground([&] { pcm = loadAudioFile(path); })) return false;
     // A sound that does not fit is passed over without a word: a shorter one behind it can still fit.
-    if (totalSeconds() + seconds(item.pcm16LittleEndian) <= mostSeconds) m_state.items.push_back(std::move(item));
-    return goesOn;
+    if (pcm && totalSeconds() + seconds(*pcm) <= mostSeconds)
+        m_state.items.push_back({QUuid::createUuid(), itemCount(), path, std::move(*pcm)});
+    return true;
 }
 
 std::vector<SamplingSoundItem> SoundTransferPageActions::sounds() const

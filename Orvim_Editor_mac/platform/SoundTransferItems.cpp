@@ -21,8 +21,6 @@ namespace {
 using namespace tonavelle::SamplingSoundBuilder;
 
 constexpr sf_count_t blockFrames = 4'096;
-/// Three hours, far above what the module holds: a few frames at a rate of 1 Hz may ask for any amount of memory.
-constexpr std::int64_t mostSamples = std::int64_t{3} * 60 * 60 * sampleRate;
 
 struct CloseSound {
     void operator()(SNDFILE* sound) const { sf_close(sound); }
@@ -39,9 +37,11 @@ public:
     {
     }
 
+    /// Whether the module's memory would hold the sound with that many frames more. A few frames at a rate of 1 Hz may
+    /// ask for any amount of memory, so this is to be asked before they are added.
     bool hasRoomFor(std::int64_t frameCount) const
     {
-        return outputSampleCount(frameCount, sampleRate, m_sourceRate) <= mostSamples;
+        return outputSampleCount(m_frameCount + frameCount, sampleRate, m_sourceRate) <= maxSampleCount;
     }
 
     /// The next frames, one sample a channel each.
@@ -49,7 +49,6 @@ public:
     {
         const auto count = static_cast<std::int64_t>(frames.size() / m_channelCount);
         if (count == 0) return;
-        if (!hasRoomFor(m_frameCount + count)) throw Phase3FileError(Phase3FileError::cannotReadAudio);
         for (;;) {
             const auto frame = sourceFrame(m_sampleCount, unlimited, sampleRate, m_sourceRate) - m_frameCount;
             if (frame >= count) break;
@@ -97,7 +96,7 @@ private:
 
 } // namespace
 
-std::vector<std::uint8_t> loadAudioFile(const QString& path)
+std::optional<std::vector<std::uint8_t>> loadAudioFile(const QString& path)
 {
     // Neither a folder nor a pipe is opened: reading one would fail late or never end.
     if (!QFileInfo(path).isFile()) throw Phase3FileError(Phase3FileError::cannotReadAudio);
@@ -105,13 +104,17 @@ std::vector<std::uint8_t> loadAudioFile(const QString& path)
     const SoundFile sound(sf_open(QFile::encodeName(path).constData(), SFM_READ, &info));
     if (!sound || info.channels < 1 || info.samplerate < 1) throw Phase3FileError(Phase3FileError::cannotReadAudio);
     Resampler resampler(info.channels, info.samplerate);
-    if (!resampler.hasRoomFor(info.frames)) throw Phase3FileError(Phase3FileError::cannotReadAudio);
+    if (!resampler.hasRoomFor(info.frames)) return std::nullopt;
     std::vector<float> block(static_cast<std::size_t>(blockFrames * info.channels));
-    while (const auto count = sf_readf_float(sound.get(), block.data(), blockFrames)) {
-        if (count < 0) throw Phase3FileError(Phase3FileError::cannotReadAudio);
+    for (;;) {
+        const auto count = sf_readf_float(sound.get(), block.data(), blockFrames);
+        // A disk that fails gives no frames either, or fewer.
+        if (sf_error(sound.get()) != SF_ERR_NO_ERROR) throw Phase3FileError(Phase3FileError::cannotReadAudio);
+        if (count < 1) return resampler.finished();
+        // The header may have told of fewer frames.
+        if (!resampler.hasRoomFor(count)) return std::nullopt;
         resampler.add(std::span(block).first(static_cast<std::size_t>(count * info.channels)));
     }
-    return resampler.finished();
 }
 
 std::vector<SoundTransferItem> readSoundItemsFromMIDIFile(const QString& path)

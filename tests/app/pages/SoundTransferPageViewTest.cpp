@@ -8,7 +8,9 @@
 namespace orvim {
 namespace {
 
+using test::WaveCoding;
 using test::waveFile;
+using test::writeFile;
 
 class SoundTransferPageViewTest : public test::SoundTransferPageTest
 {
@@ -46,6 +48,17 @@ TEST_F(SoundTransferPageViewTest, AShorterFileBehindOneThatDoesNotFitIsAdded)
     ASSERT_EQ(items().size(), 2u);
     EXPECT_TRUE(items()[1].filePath.endsWith(QStringLiteral("/c.wav")));
     EXPECT_EQ(items()[1].soundNumber, 1);
+}
+
+TEST_F(SoundTransferPageViewTest, ASoundOfHoursIsPassedOverWithoutAWord)
+{
+    for (const int hours : {3, 4, 1'000}) {
+        const QString path = folder.filePath(QStringLiteral("%1.wav").arg(hours));
+        writeFile(path, waveFile({WaveCoding::pcm, 1, 1, 8}, QByteArray(hours * 3'600, '\x80')));
+        drop({path});
+    }
+    EXPECT_EQ(items().size(), 0u);
+    EXPECT_EQ(logLines(), QStringList{QStringLiteral("音声ファイルを登録しました。")});
 }
 
 TEST_F(SoundTransferPageViewTest, TwoFilesOfExactly25SecondsFit)
