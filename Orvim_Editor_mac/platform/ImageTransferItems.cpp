@@ -5,8 +5,10 @@
 #include "platform/AreaAverage.h"
 #include "platform/MIDIFileLoaders.h"
 #include "platform/Phase3FileError.h"
+#include "platform/ReadWatch.h"
 
 #include <QColorSpace>
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 
@@ -76,13 +78,14 @@ struct DecodedPicture {
     int divisor = 1; ///< how many times smaller the image is; its last column and row may lie outside of the picture
 };
 
-DecodedPicture decode(QImageReader& reader)
+DecodedPicture decode(QImageReader& reader, ReadWatch& watch)
 {
     // A BMP whose rows run from the top has a negative height.
     const QSize declared = reader.size();
     const QSize size(declared.width(), std::abs(declared.height()));
     if (size.isEmpty() || hasMorePixels(size, mostPixels)) throw Phase3FileError(Phase3FileError::cannotOpenImage);
-    DecodedPicture picture{{}, size, reader.format() == "jpeg" ? divisorFor(size) : 1};
+    const bool isJPEG = reader.format() == "jpeg";
+    DecodedPicture picture{{}, size, isJPEG ? divisorFor(size) : 1};
     const int divisor = picture.divisor;
     const QSize decoded((size.width() + divisor - 1) / divisor, (size.height() + divisor - 1) / divisor);
     if (hasMorePixels(decoded, mostDecodedPixels)) throw Phase3FileError(Phase3FileError::cannotOpenImage);
@@ -91,8 +94,13 @@ DecodedPicture decode(QImageReader& reader)
         // Without a clip in whole blocks the reader would stretch the decoder's pixels to the size asked for.
         reader.setClipRect(QRect(QPoint(), decoded * divisor));
     }
-    if (!reader.read(&picture.image) || picture.image.size() != decoded)
-        throw Phase3FileError(Phase3FileError::cannotOpenImage);
+    // To find out the format and the size may have taken a look past the end.
+    watch.forget();
+    const bool isRead = reader.read(&picture.image) && picture.image.size() == decoded;
+    // Of a picture that breaks off two of the decoders make a whole one, with grey or with what the memory held before.
+    // JPEGs are read in blocks of which the last is short; one that lacks its end marker alone is refused too.
+    const bool lacksData = isJPEG ? watch.hasMissedAll() : watch.hasMissedSome();
+    if (!isRead || lacksData) throw Phase3FileError(Phase3FileError::cannotOpenImage);
     return picture;
 }
 
@@ -135,11 +143,15 @@ std::vector<std::uint8_t> loadPicture(const QString& path)
 {
     // Neither a folder nor a pipe is opened: reading one would fail late or never end.
     if (!QFileInfo(path).isFile()) throw Phase3FileError(Phase3FileError::cannotOpenImage);
-    QImageReader reader(path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) throw Phase3FileError(Phase3FileError::cannotOpenImage);
+    ReadWatch watch(file);
+    watch.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    QImageReader reader(&watch);
     reader.setDecideFormatFromContent(true);
     if (std::ranges::find(supportedFormats(), reader.format()) == supportedFormats().end())
         throw Phase3FileError(Phase3FileError::cannotOpenImage);
-    const auto picture = rendered(decode(reader));
+    const auto picture = rendered(decode(reader, watch));
     // Turned last, where there are few pixels to turn.
     return turned(picture, reader.transformation());
 }

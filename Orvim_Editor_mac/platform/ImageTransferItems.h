@@ -23,7 +23,8 @@ struct ImageTransferItem {
 void limitPictureMemory();
 
 /// A picture file shrunk to fit 64 by 64 pixels on black: bmp, jpeg or png, upright as its camera was held, its colours
-/// in sRGB. Throws Phase3FileError::cannotOpenImage, also for a picture that is too large to be decoded.
+/// in sRGB. Throws Phase3FileError::cannotOpenImage, also for a picture that is too large to be decoded or of
+/// which a part is missing.
 std::vector<std::uint8_t> loadPicture(const QString& path);
 
 /// The decoded picture drawn on black into 64 by 64 pixels. Throws Phase3FileError: cannotOpenImage for an empty
