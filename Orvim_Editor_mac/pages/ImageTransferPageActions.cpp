@@ -107,7 +107,7 @@ bool ImageTransferPageActions::addFile(const QString& path)
         item.rgb888 = loadPicture(path);
         item.previewImage = previewOrEmpty(item.rgb888);
     });
-    m_state.items.push_back(std::move(item));
+    if (goesOn) m_state.items.push_back(std::move(item));
     return goesOn;
 }
 
