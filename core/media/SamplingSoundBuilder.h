@@ -65,21 +65,6 @@ inline constexpr int sampleRate = 24'000;
 inline constexpr std::uint8_t padCode = 0x40; ///< silence
 inline constexpr double volumeFactor = 0.56234;
 
-/// The number of samples that `frameCount` frames give, rounded to the nearest; 0 when there is nothing to convert.
-/// Never more than 10^15.
-std::int64_t outputSampleCount(std::int64_t frameCount, int targetRate, double sourceRate);
-
-/// The frame that output sample `index` is taken from, for a `frameCount` of 1 or more.
-std::int64_t sourceFrame(std::int64_t index, std::int64_t frameCount, int targetRate, double sourceRate);
-
-/// A sample of -1...1 in 16 bits: 1 and above give 32,767, -1 and below -32,767, no number 0.
-std::int16_t pcm16Sample(float sample);
-
-/// The channels' mean at the nearest earlier frame of each output sample, in the format of SamplingSoundItem. Channels
-/// of another length than the first are left out; empty when there is nothing to convert, or twelve hours and more.
-std::vector<std::uint8_t> pcm16LittleEndian(std::span<const std::vector<float>> channels, int targetRate,
-                                            double sourceRate);
-
 /// A 16-bit sample as a 7-bit logarithmic code; 64 is silence.
 std::uint8_t encodeULaw7Bit(std::int16_t pcm);
 /// The sample in the middle of a code's range; of the code the low seven bits count.

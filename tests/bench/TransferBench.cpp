@@ -3,6 +3,7 @@
 
 #include "core/media/ImageTransferBuilder.h"
 #include "core/media/LyricFile.h"
+#include "core/media/SoundResampling.h"
 #include "core/media/TransferMIDIFileBuilder.h"
 #include "core/protocol/SimpleMIDIFileBuilder.h"
 #include "core/protocol/SimpleMIDIFileReader.h"

@@ -1,8 +1,10 @@
 #include "core/media/SamplingSoundBuilder.h"
 
+#include "core/media/SoundResampling.h"
 #include "tests/support/Bytes.h"
 #include "tests/support/Thrown.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <gtest/gtest.h>
@@ -294,6 +296,21 @@ TEST(PCM16LittleEndian, MoreThanTwelveHoursAreEmptyAndNothingIsRaised)
     for (const double rate : {1e-300, 1e-6, 24'000.0 / 1'036'800'000})
         EXPECT_NO_THROW(EXPECT_TRUE(pcm16LittleEndian(one, 24'000, rate).empty()) << rate);
     EXPECT_EQ(outputSampleCount(1, 24'000, 1e-300), 1'000'000'000'000'000);
+}
+
+TEST(SoundResampler, PiecesOfAnySizeGiveTheWholeSound)
+{
+    const Channels one{{0.0f, 0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.6f, 0.7f, 0.8f, 0.9f}};
+    for (const double rate : {8'000.0, 24'000.0, 44'100.0, 70'000.0}) {
+        for (std::size_t size = 1; size <= 10; ++size) {
+            Resampler resampler(1, 24'000, rate);
+            resampler.add({});
+            for (std::size_t start = 0; start < 10; start += size)
+                resampler.add(std::span(one[0]).subspan(start, std::min(size, 10 - start)));
+            EXPECT_EQ(resampler.frameCount(), 10);
+            EXPECT_EQ(resampler.finished(), pcm16LittleEndian(one, 24'000, rate)) << size << " at " << rate;
+        }
+    }
 }
 
 TEST(RestorePCM16LittleEndian, ACountBelowOneIsEmpty)
