@@ -34,6 +34,7 @@ TickSnappingSlider::TickSnappingSlider(Qt::Orientation orientation, double lower
 {
     installSliderAccessibility();
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true); // a move without a button tells of a release that went elsewhere
     setSizePolicy(isHorizontal() ? QSizePolicy::Expanding : QSizePolicy::Fixed,
                   isHorizontal() ? QSizePolicy::Fixed : QSizePolicy::Expanding);
 }
@@ -121,6 +122,8 @@ void TickSnappingSlider::mousePressEvent(QMouseEvent* event)
 void TickSnappingSlider::mouseMoveEvent(QMouseEvent* event)
 {
     if (!m_isDragging) return;
+    // The release went to somebody else, a dialog for example.
+    if (!(event->buttons() & Qt::LeftButton)) return endDrag();
     const double way = axisLength() - 2 * endMargin;
     if (way <= 0) return;
     const double fraction = (alongAxis(event->position()) - m_grip - endMargin) / way;

@@ -3,6 +3,8 @@
 #include "support/Wheel.h"
 
 #include <QAccessible>
+#include <QApplication>
+#include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -177,6 +179,27 @@ TEST(TickSnappingSlider, ADragOutlivesTheFocusAndEndsWhenTheSliderIsHidden)
     EXPECT_EQ(shown.editing(), (std::vector<bool>{true}));
     shown.slider.hide();
     EXPECT_EQ(shown.editing(), (std::vector<bool>{true, false}));
+    QTest::mouseRelease(&shown.slider, Qt::LeftButton, {}, start);
+    EXPECT_EQ(shown.editing(), (std::vector<bool>{true, false}));
+}
+
+TEST(TickSnappingSlider, ADragWhoseReleaseWasLostIsOver)
+{
+    Shown shown;
+    const auto start = shown.knob();
+    QTest::mousePress(&shown.slider, Qt::LeftButton, {}, start);
+    QTest::mouseMove(&shown.slider, start + QPoint(27, 0));
+    const auto moveTo = [&shown](QPoint point, Qt::MouseButtons buttons) {
+        QMouseEvent event(QEvent::MouseMove, point, shown.slider.mapToGlobal(point), Qt::NoButton, buttons,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&shown.slider, &event);
+    };
+    moveTo(start + QPoint(80, 0), Qt::NoButton);
+    EXPECT_EQ(shown.slider.value(), 13);
+    EXPECT_EQ(shown.editing(), (std::vector<bool>{true, false}));
+    moveTo(start + QPoint(90, 0), Qt::LeftButton);
+    EXPECT_EQ(shown.slider.value(), 13) << "the button was pressed elsewhere";
+    EXPECT_TRUE(shown.slider.hasMouseTracking()) << "else no move without a button would come";
     QTest::mouseRelease(&shown.slider, Qt::LeftButton, {}, start);
     EXPECT_EQ(shown.editing(), (std::vector<bool>{true, false}));
 }
