@@ -19,10 +19,10 @@ namespace UserWaveformBuilder = tonavelle::UserWaveformBuilder;
 
 namespace {
 
-/// Beyond these the window would stand still while a file is read. Far above any tone data file, and most of an hour
-/// of sound.
+/// Beyond these the window would stand still while a file is read. Far above any tone data file, and more than ten
+/// minutes of sound.
 constexpr qint64 largestToneDataFile = 8 * 1024 * 1024;
-constexpr qint64 largestSoundFile = 256 * 1024 * 1024;
+constexpr qint64 largestSoundFile = 64 * 1024 * 1024;
 
 constexpr std::uint32_t wavSampleRate = 48'000;
 

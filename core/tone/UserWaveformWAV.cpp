@@ -73,25 +73,23 @@ bool isMonoPCM16(Bytes format)
            numberOf(format.subspan(14, 2)) == bitsPerSample;
 }
 
-/// The samples of a "data" chunk; an odd last byte is not one.
-std::vector<std::int16_t> samplesOf(Bytes data)
+/// A sample of a "data" chunk.
+std::int16_t sampleAt(Bytes data, std::size_t index)
 {
-    std::vector<std::int16_t> samples(data.size() / bytesPerSample);
-    for (std::size_t i = 0; i < samples.size(); ++i)
-        samples[i] = static_cast<std::int16_t>(numberOf(data.subspan(i * bytesPerSample, bytesPerSample)));
-    return samples;
+    return static_cast<std::int16_t>(numberOf(data.subspan(index * bytesPerSample, bytesPerSample)));
 }
 
-/// Linear resampling onto 2,048 points that keeps the first and the last sample.
-UserWaveform stretched(const std::vector<std::int16_t>& samples)
+/// Linear resampling of a "data" chunk of at least one sample onto 2,048 points that keeps the first and the last
+/// sample. An odd last byte is none.
+UserWaveform stretched(Bytes data)
 {
-    const std::size_t last = samples.size() - 1;
+    const std::size_t last = data.size() / bytesPerSample - 1;
     UserWaveform result(sampleCount);
     for (std::size_t i = 0; i < sampleCount; ++i) {
         const double place = static_cast<double>(last * i) / (sampleCount - 1);
         const auto before = static_cast<std::size_t>(place);
-        const int from = samples[before];
-        const int to = samples[std::min(before + 1, last)];
+        const int from = sampleAt(data, before);
+        const int to = sampleAt(data, std::min(before + 1, last));
         result[i] = nearestSample(from + (place - static_cast<double>(before)) * (to - from));
     }
     return result;
@@ -129,10 +127,9 @@ UserWaveform samplesFromWAVData(std::span<const std::uint8_t> file)
         throw UserWaveformError::invalidSampleCount();
     const Chunks chunks = readChunks(file);
     if (!chunks.format || !isMonoPCM16(*chunks.format) || !chunks.data) throw UserWaveformError::invalidSampleCount();
-    std::vector<std::int16_t> samples = samplesOf(*chunks.data);
-    if (samples.empty()) throw UserWaveformError::invalidSampleCount();
+    if (chunks.data->size() < bytesPerSample) throw UserWaveformError::invalidSampleCount();
     // A single sample, and 2,048 of them, come out of the stretching as they are.
-    return stretched(samples);
+    return stretched(*chunks.data);
 }
 
 } // namespace tonavelle::UserWaveformBuilder

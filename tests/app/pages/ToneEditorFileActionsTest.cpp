@@ -2,6 +2,7 @@
 
 #include "tests/app/support/HostileDisk.h"
 #include "tests/app/support/ToneEditorTest.h"
+#include "tests/app/support/WaveFile.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -166,6 +167,27 @@ TEST_F(ToneEditorFileActionsTest, AFileOfAHundredMegabytesIsRefusedUnread)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(100'000'000));
     openFrom(path("huge.mid"));
     EXPECT_EQ(status(), QStringLiteral("音色データMIDIを読み込めません。"));
+}
+
+TEST_F(ToneEditorFileActionsTest, ASoundOf64MebibytesIsReadAndALargerOneIsRefusedUnread)
+{
+    constexpr int headSize = 44;
+    const auto importSilence = [this](qint64 fileSize) {
+        QByteArray head = test::waveFile({}, QByteArray()).first(headSize - 4);
+        test::putLittleEndian(head, static_cast<std::uint32_t>(fileSize - headSize));
+        write(path("long.wav"), head);
+        EXPECT_TRUE(QFile::resize(path("long.wav"), fileSize));
+        dialogs.pathToOpen = path("long.wav");
+        actions.files.importWAV();
+    };
+    constexpr qint64 largest = 67'108'864;
+    const UserWaveform before = state().userWave();
+    importSilence(largest + 2);
+    EXPECT_EQ(status(), QStringLiteral("WAV読み込みに失敗しました。"));
+    EXPECT_EQ(state().userWave(), before);
+    importSilence(largest);
+    EXPECT_EQ(status(), QStringLiteral("User Wave 1 にWAVを読み込みました。"));
+    EXPECT_EQ(state().userWave(), UserWaveform(2'048, 0));
 }
 
 TEST_F(ToneEditorFileActionsTest, CancellingASaveIsReported)
