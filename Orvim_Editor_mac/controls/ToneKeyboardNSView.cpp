@@ -92,11 +92,16 @@ void ToneKeyboardNSView::paintEvent(QPaintEvent*)
         if (const auto x = Geometry::blackKeyX(note))
             painter.fillRect(*x, 0, Geometry::blackWidth, Geometry::blackHeight, keyColor(note));
     if (!hasFocus() || !m_showsCursor) return;
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRect(cursorRect());
+}
+
+QRect ToneKeyboardNSView::cursorRect() const
+{
     const auto black = Geometry::blackKeyX(m_cursorNote);
     const int left = black.value_or(Geometry::whiteWidth * Geometry::whiteKeyOf(m_cursorNote));
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-    painter.drawRect(QRectF(left, 1, black ? Geometry::blackWidth : Geometry::whiteWidth - 1,
-                            (black ? Geometry::blackHeight : Geometry::whiteHeight) - 2));
+    return {left, 1, black ? Geometry::blackWidth : Geometry::whiteWidth - 1,
+            (black ? Geometry::blackHeight : Geometry::whiteHeight) - 2};
 }
 
 void ToneKeyboardNSView::mousePressEvent(QMouseEvent* event)
@@ -162,8 +167,8 @@ void ToneKeyboardNSView::keyPressEvent(QKeyEvent* event)
     }
     const int step = cursorStep(event->key());
     if (step == 0) return QWidget::keyPressEvent(event);
-    m_showsCursor = true;
     moveCursorTo(std::clamp(m_cursorNote + step, 0, Geometry::lastNote));
+    showCursor();
 }
 
 void ToneKeyboardNSView::keyReleaseEvent(QKeyEvent* event)
@@ -179,10 +184,18 @@ void ToneKeyboardNSView::moveCursorTo(int note)
     update();
 }
 
+void ToneKeyboardNSView::showCursor()
+{
+    m_showsCursor = true;
+    update();
+    Q_EMIT cursorShown(cursorRect().center());
+}
+
 void ToneKeyboardNSView::focusInEvent(QFocusEvent* event)
 {
-    m_showsCursor = event->reason() != Qt::MouseFocusReason;
+    m_showsCursor = false;
     update();
+    if (event->reason() != Qt::MouseFocusReason) showCursor();
 }
 
 void ToneKeyboardNSView::focusOutEvent(QFocusEvent*)

@@ -26,6 +26,10 @@ public:
 
     QSize sizeHint() const override;
 
+Q_SIGNALS:
+    /// The keyboard's focus or an arrow has come to the key around `middle`, in the view's coordinates.
+    void cursorShown(QPoint middle);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -43,6 +47,8 @@ private:
     void play(int note);
     void endNote();
     void moveCursorTo(int note);
+    void showCursor();
+    QRect cursorRect() const;
     QColor keyColor(int note) const;
 
     int m_channel = 0;

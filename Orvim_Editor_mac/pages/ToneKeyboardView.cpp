@@ -1,6 +1,8 @@
 #include "pages/ToneKeyboardView.h"
 
 #include "MIDIOutManager.h"
+#include "controls/SidewardScrollArea.h"
+#include "controls/ToneKeyboardGeometry.h"
 #include "controls/ToneKeyboardNSView.h"
 #include "core/protocol/MIDIMessageBuilder.h"
 
@@ -14,6 +16,7 @@ namespace {
 
 constexpr int velocity = 127;
 constexpr int margin = 8;
+constexpr int keyMargin = 2 * ToneKeyboardGeometry::whiteWidth; ///< shown beside the key that the arrows reach
 
 } // namespace
 
@@ -29,7 +32,11 @@ ToneKeyboardView::ToneKeyboardView(MIDIOutManager& midiOutManager, QWidget* pare
     m_keyboard->setObjectName(QStringLiteral("keyboard"));
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(margin, margin, margin, margin);
-    layout->addWidget(m_keyboard, 0, Qt::AlignCenter);
+    auto* const scrollArea = new SidewardScrollArea(m_keyboard);
+    scrollArea->setObjectName(QStringLiteral("keyboardArea"));
+    layout->addWidget(scrollArea);
+    connect(m_keyboard, &ToneKeyboardNSView::cursorShown, scrollArea,
+            [scrollArea](QPoint middle) { scrollArea->ensureVisible(middle.x(), middle.y(), keyMargin, 0); });
 }
 
 void ToneKeyboardView::setChannel(int channel)

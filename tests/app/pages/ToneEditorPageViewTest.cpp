@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedWidget>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QToolButton>
 
@@ -43,6 +44,23 @@ protected:
         return nullptr;
     }
 };
+
+    ToneKeyboardNSView& keyboard() { return *scaffold.findChild<ToneKeyboardNSView*>(); }
+    QScrollArea& keyboardArea() { return *scaffold.findChild<QScrollArea*>(QStringLiteral("keyboardArea")); }
+    /// The keyboard within its page, from the top of its area.
+    QRect keyboardPlace()
+    {
+        const QPoint corner = keyboard().mapTo(page, QPoint()) - QPoint(0, keyboardArea().mapTo(page, QPoint()).y());
+        return {corner, keyboard().size()};
+    }
+
+    void showAtWidth(int width)
+    {
+        scaffold.setMinimumWidth(1); // The header alone would ask for more.
+        scaffold.resize(width, scaffold.height());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return page->width() == width; }));
+        settle();
+    }
 
 TEST_F(ToneEditorPageViewTest, TabsAreBuiltWhenFirstOpenedAndKept)
 {
@@ -336,6 +354,68 @@ TEST_F(ToneEditorPageViewTest, ColumnsStandSideBySideOrBelowOneAnother)
         return control<TickSnappingSlider>(name).mapTo(&scaffold, QPoint()).x();
     };
     EXPECT_GT(leftOf("Attack Time"), leftOf("Wave Num"));
+TEST_F(ToneEditorPageViewTest, WhereThereIsRoomTheKeyboardStandsInTheMiddleAndDoesNotScroll)
+{
+    showAtWidth(1'000);
+    const QRect middle(163, 0, 675, 24);
+    EXPECT_EQ(keyboardPlace(), middle);
+    EXPECT_FALSE(keyboardArea().horizontalScrollBar()->isVisible());
+    EXPECT_EQ(keyboardArea().horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(keyboardArea().height(), 24);
+    test::turnWheel(keyboard(), -120);
+    EXPECT_EQ(keyboardPlace(), middle);
+}
+
+TEST_F(ToneEditorPageViewTest, InANarrowWindowTheLastKeyOfTheKeyboardIsScrolledToAndPlayed)
+{
+    showAtWidth(400);
+    QScrollBar& bar = *keyboardArea().horizontalScrollBar();
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_EQ(keyboardArea().height(), 24 + bar.height());
+    EXPECT_EQ(keyboardArea().viewport()->height(), 24);
+    for (int notch = 0; notch < 10; ++notch)
+        test::turnWheel(keyboard(), -120);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    QWidget& viewport = *keyboardArea().viewport();
+    const QPoint lastKey(viewport.width() - 1, 12);
+    ASSERT_EQ(viewport.childAt(lastKey), &keyboard());
+    QTest::mouseClick(&keyboard(), Qt::LeftButton, {}, keyboard().mapFrom(&viewport, lastKey));
+    EXPECT_EQ(plugged.sent(), (Batch{bytes("90 7F 7F"), bytes("80 7F 00")}));
+    for (int notch = 0; notch < 20; ++notch)
+        test::turnWheel(keyboard(), 120);
+    EXPECT_EQ(bar.value(), 0);
+}
+
+TEST_F(ToneEditorPageViewTest, TheKeyboardKeepsItsMiddleInViewWhenTheWindowChangesItsWidth)
+{
+    QScrollBar& bar = *keyboardArea().horizontalScrollBar();
+    showAtWidth(400);
+    const int inTheMiddle = bar.value();
+    EXPECT_EQ(inTheMiddle, 675 / 2 - keyboardArea().viewport()->width() / 2);
+    test::turnWheel(keyboard(), -120);
+    const int scrolled = bar.value();
+    EXPECT_GT(scrolled, inTheMiddle);
+    showAtWidth(1'000);
+    showAtWidth(400);
+    EXPECT_EQ(bar.value(), scrolled);
+}
+
+TEST_F(ToneEditorPageViewTest, TheKeyThatTheArrowsReachComesIntoView)
+{
+    showAtWidth(400);
+    const QScrollBar& bar = *keyboardArea().horizontalScrollBar();
+    keyboard().setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&keyboard(), Qt::Key_End);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    QTest::keyClick(&keyboard(), Qt::Key_Home);
+    EXPECT_EQ(bar.value(), 0);
+    tabs().setFocus();
+    for (int notch = 0; notch < 10; ++notch)
+        test::turnWheel(keyboard(), -120);
+    keyboard().setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(bar.value(), 0);
+}
+
     EXPECT_EQ(leftOf("Ringmod Gain"), leftOf("Wave Num"));
     scaffold.resize(760, 560);
     settle();
