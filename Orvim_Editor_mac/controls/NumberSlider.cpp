@@ -51,4 +51,11 @@ void NumberSlider::setValue(double value)
     m_field->setValue(value);
 }
 
+void NumberSlider::setTabOrderAfter(const NumberSlider& other)
+{
+    // In terms of the two parts: the whole takes no focus itself, and so has no place in the order.
+    setTabOrder(other.m_field, m_slider);
+    setTabOrder(m_slider, m_field);
+}
+
 } // namespace orvim

@@ -19,6 +19,9 @@ public:
     /// The program's side, silent.
     void setValue(double value);
 
+    /// Lets Tab go from the number of `other`, which stands in the same window, to this slider and on to its number.
+    void setTabOrderAfter(const NumberSlider& other);
+
 Q_SIGNALS:
     /// The user has chosen another value.
     void valueChanged(double value);

@@ -1,6 +1,7 @@
 #include "pages/ToneVoiceControls.h"
 
 #include "controls/ADSRGraphView.h"
+#include "controls/NumberSlider.h"
 #include "controls/WaveformGraphView.h"
 
 #include <QGroupBox>
@@ -42,11 +43,14 @@ ToneVoiceControls::ToneVoiceControls(QObject* parent)
     connect(&m_controls, &ToneParameterControls::chosen, this, &ToneVoiceControls::chosen);
 }
 
-void ToneVoiceControls::addBesideWaveNumber(const QString& caption, QWidget* control)
+void ToneVoiceControls::addBesideWaveNumber(const QString& caption, NumberSlider* control)
 {
     // The row goes in front of those of the ring modulation, behind the type and the number.
     constexpr int place = 2;
     addControlRow(*m_oscillators, caption, control);
+    constexpr int controlInRow = 1; // behind its caption
+    QWidget* const waveNumber = rows->itemAt(place - 1)->layout()->itemAt(controlInRow)->widget();
+    control->setTabOrderAfter(*static_cast<NumberSlider*>(waveNumber));
     auto* const rows = static_cast<QVBoxLayout*>(m_oscillators->layout());
     QLayoutItem* const row = rows->takeAt(rows->count() - 1);
     rows->insertItem(place, row);

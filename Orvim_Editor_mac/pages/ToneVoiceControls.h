@@ -9,6 +9,7 @@
 namespace orvim {
 
 class ADSRGraphView;
+class NumberSlider;
 class WaveformGraphView;
 
 /// The controls of a sound with its two graphs, for a channel or for a user patch.
@@ -23,8 +24,8 @@ public:
     QGroupBox* envelope() const { return m_envelope; }
     QGroupBox* sweep() const { return m_sweep; }
     QGroupBox* loudness() const { return m_loudness; }
-    /// Adds a row under the one that chooses the number of a wave.
-    void addBesideWaveNumber(const QString& caption, QWidget* control);
+    /// Adds a row under the one that chooses the number of a wave; Tab goes to it from there.
+    void addBesideWaveNumber(const QString& caption, NumberSlider* control);
 
     /// Shows a sound, silently; a user wave is drawn from its slot.
     void setSound(const tonavelle::ChannelToneParameters& sound,

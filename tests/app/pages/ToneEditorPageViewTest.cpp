@@ -247,6 +247,21 @@ TEST_F(ToneEditorPageViewTest, TheNoteNumberStandsBesideTheWaveNumber)
 }
 
 TEST_F(ToneEditorPageViewTest, TheWaveTabMarksWhatWasNotSent)
+TEST_F(ToneEditorPageViewTest, TabGoesFromTheWaveNumberToTheNoteNumberBesideIt)
+{
+    open(ToneEditorTab::userDrum);
+    control<TickSnappingSlider>("Wave Num").setFocus();
+    QStringList reached;
+    for (int i = 0; i < 4; ++i) {
+        QTest::keyClick(&scaffold, Qt::Key_Tab);
+        reached << QApplication::focusWidget()->objectName();
+    }
+    EXPECT_EQ(reached, (QStringList{QStringLiteral("Wave Num number"), QStringLiteral("Notenum"),
+                                    QStringLiteral("Notenum number"), QStringLiteral("Ringmod Multiply")}));
+    QTest::keyClick(&scaffold, Qt::Key_Backtab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("Notenum number"));
+}
+
 {
     open(ToneEditorTab::userWave);
     auto& mark = control<QLabel>("unsent");
