@@ -37,9 +37,9 @@ UserDrumTabView::UserDrumTabView(ToneEditorActions& actions, QWidget* parent)
     m_noteNumber = new NumberSlider(noteCaption, 0, highestNote);
     m_voice.addBesideWaveNumber(noteCaption, m_noteNumber);
     auto* const columns = new AdaptiveColumns;
-    columns->addColumn(makeToneColumn(tr("ボイス編集"), {makeNameGroup(), m_voice.oscillators()}));
+    columns->addColumn(makeToneColumn({}, {makeNameGroup(), m_voice.oscillators()}));
     columns->addColumn(makeToneColumn({}, {m_voice.envelope(), m_voice.sweep(), m_voice.loudness()}));
-    setContent(tr("ドラムノート番号"), m_list, columns);
+    setContent(tr("ドラムノート番号"), m_list, makeToneColumn(tr("ボイス編集"), {columns}));
     makeList();
     connectControls();
     showState();

@@ -28,9 +28,9 @@ UserMelodyTabView::UserMelodyTabView(ToneEditorActions& actions, QWidget* parent
       m_list(new PreviewPatchListView)
 {
     auto* const columns = new AdaptiveColumns;
-    columns->addColumn(makeToneColumn(tr("ボイス編集"), {makePatchGroup(), m_voice.oscillators()}));
+    columns->addColumn(makeToneColumn({}, {makePatchGroup(), m_voice.oscillators()}));
     columns->addColumn(makeToneColumn({}, {m_voice.envelope(), m_voice.sweep(), m_voice.loudness()}));
-    setContent(tr("音色番号"), m_list, columns);
+    setContent(tr("音色番号"), m_list, makeToneColumn(tr("ボイス編集"), {columns}));
     makeList();
     connectControls();
     showState();

@@ -14,14 +14,15 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QStackedWidget>
 #include <QScrollBar>
+#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QToolButton>
 
@@ -43,7 +44,6 @@ protected:
         ADD_FAILURE() << text.toStdString();
         return nullptr;
     }
-};
 
     ToneKeyboardNSView& keyboard() { return *scaffold.findChild<ToneKeyboardNSView*>(); }
     QScrollArea& keyboardArea() { return *scaffold.findChild<QScrollArea*>(QStringLiteral("keyboardArea")); }
@@ -61,6 +61,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([&] { return page->width() == width; }));
         settle();
     }
+};
 
 TEST_F(ToneEditorPageViewTest, TabsAreBuiltWhenFirstOpenedAndKept)
 {
@@ -246,7 +247,6 @@ TEST_F(ToneEditorPageViewTest, TheNoteNumberStandsBesideTheWaveNumber)
     EXPECT_LT(number.mapTo(&scaffold, QPoint()).y(), below);
 }
 
-TEST_F(ToneEditorPageViewTest, TheWaveTabMarksWhatWasNotSent)
 TEST_F(ToneEditorPageViewTest, TabGoesFromTheWaveNumberToTheNoteNumberBesideIt)
 {
     open(ToneEditorTab::userDrum);
@@ -262,6 +262,7 @@ TEST_F(ToneEditorPageViewTest, TabGoesFromTheWaveNumberToTheNoteNumberBesideIt)
     EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("Notenum number"));
 }
 
+TEST_F(ToneEditorPageViewTest, TheWaveTabMarksWhatWasNotSent)
 {
     open(ToneEditorTab::userWave);
     auto& mark = control<QLabel>("unsent");
@@ -353,22 +354,6 @@ TEST_F(ToneEditorPageViewTest, TheKeyboardPlaysTheTabsChannelWithoutATrace)
     EXPECT_EQ(keyboard.channel(), 4);
 }
 
-TEST_F(ToneEditorPageViewTest, TheWheelOverAControlWithoutFocusChangesNothing)
-{
-    open(ToneEditorTab::userMelody);
-    test::turnWheel(control<QComboBox>("Wave Type"), -120);
-    test::turnWheel(control<TickSnappingSlider>("Attack Time"), 120);
-    test::turnWheel(control<QComboBox>("プリセット"), -120);
-    EXPECT_TRUE(plugged.sent().empty());
-}
-
-TEST_F(ToneEditorPageViewTest, ColumnsStandSideBySideOrBelowOneAnother)
-{
-    open(ToneEditorTab::userMelody);
-    const auto leftOf = [this](const char* name) {
-        return control<TickSnappingSlider>(name).mapTo(&scaffold, QPoint()).x();
-    };
-    EXPECT_GT(leftOf("Attack Time"), leftOf("Wave Num"));
 TEST_F(ToneEditorPageViewTest, WhereThereIsRoomTheKeyboardStandsInTheMiddleAndDoesNotScroll)
 {
     showAtWidth(1'000);
@@ -431,6 +416,44 @@ TEST_F(ToneEditorPageViewTest, TheKeyThatTheArrowsReachComesIntoView)
     EXPECT_EQ(bar.value(), 0);
 }
 
+TEST_F(ToneEditorPageViewTest, TheWheelOverAControlWithoutFocusChangesNothing)
+{
+    open(ToneEditorTab::userMelody);
+    test::turnWheel(control<QComboBox>("Wave Type"), -120);
+    test::turnWheel(control<TickSnappingSlider>("Attack Time"), 120);
+    test::turnWheel(control<QComboBox>("プリセット"), -120);
+    EXPECT_TRUE(plugged.sent().empty());
+}
+
+TEST_F(ToneEditorPageViewTest, TheBoxesOfBothColumnsBeginAtTheSameHeightUnderTheirHeading)
+{
+    const std::array<std::pair<ToneEditorTab, const char*>, 2> tabsAndFirstControls{
+        {{ToneEditorTab::userMelody, "プリセット"}, {ToneEditorTab::userDrum, "ドラムセット名"}}};
+    for (const auto& [tab, firstControl] : tabsAndFirstControls) {
+        open(tab);
+        const auto topOfBoxAround = [this](const QWidget& widget) {
+            const auto* const box = qobject_cast<const QGroupBox*>(widget.parentWidget());
+            return box ? box->mapTo(&scaffold, QPoint()).y() : -1;
+        };
+        const int left = topOfBoxAround(control<QWidget>(firstControl));
+        EXPECT_EQ(topOfBoxAround(control<ADSRGraphView>("envelopeGraph")), left) << static_cast<int>(tab);
+        int headings = 0;
+        for (const auto* const label : page->findChildren<QLabel*>()) {
+            if (!label->isVisible() || label->text() != QStringLiteral("ボイス編集")) continue;
+            ++headings;
+            EXPECT_LT(label->mapTo(&scaffold, label->rect().bottomLeft()).y(), left);
+        }
+        EXPECT_EQ(headings, 1);
+    }
+}
+
+TEST_F(ToneEditorPageViewTest, ColumnsStandSideBySideOrBelowOneAnother)
+{
+    open(ToneEditorTab::userMelody);
+    const auto leftOf = [this](const char* name) {
+        return control<TickSnappingSlider>(name).mapTo(&scaffold, QPoint()).x();
+    };
+    EXPECT_GT(leftOf("Attack Time"), leftOf("Wave Num"));
     EXPECT_EQ(leftOf("Ringmod Gain"), leftOf("Wave Num"));
     scaffold.resize(760, 560);
     settle();
