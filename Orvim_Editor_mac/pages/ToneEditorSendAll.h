@@ -15,7 +15,7 @@ class MIDIOutManager;
 class ToneEditorModel;
 class ToneEditorPreviews;
 
-/// Sends everything that the editor holds, so that the module becomes what the editor believes it to be: some 3,000
+/// Sends everything that the editor holds, so that the module becomes what the editor believes it to be: some 2,400
 /// messages, each an entry of the log. What is sent is the state at the start, also where the window lives on while a
 /// slow output takes it. It stops where another output is chosen meanwhile, which has nothing of what went before, and
 /// where the application quits; without any output it goes on, as every other send does.
