@@ -1,6 +1,7 @@
 #include "controls/ADSRGraphView.h"
 
 #include "controls/ThemeColors.h"
+#include "controls/ValueDescription.h"
 
 #include <QPainter>
 
@@ -98,14 +99,15 @@ void ADSRGraphView::drawLines(QPainter& painter) const
 
 void ADSRGraphView::describe()
 {
-    setAccessibleDescription(QStringLiteral("Attack Time %1, Decay Time %2, Sustain Level %3, Sustain Rate %4, "
-                                            "Release Time %5, Release Active %6")
-                                 .arg(m_parameters.attack)
-                                 .arg(m_parameters.decay)
-                                 .arg(m_parameters.sustainLevel)
-                                 .arg(m_parameters.sustainRate)
-                                 .arg(m_parameters.release)
-                                 .arg(m_parameters.releaseActive ? tr("オン") : tr("オフ")));
+    using ID = tonavelle::ToneParameterID;
+    setAccessibleDescription(describedValues({
+        {ID::attack, QString::number(m_parameters.attack)},
+        {ID::decay, QString::number(m_parameters.decay)},
+        {ID::sustainLevel, QString::number(m_parameters.sustainLevel)},
+        {ID::sustainRate, QString::number(m_parameters.sustainRate)},
+        {ID::release, QString::number(m_parameters.release)},
+        {ID::isReleaseActive, m_parameters.releaseActive ? tr("オン") : tr("オフ")},
+    }));
 }
 
 void ADSRGraphView::changeEvent(QEvent* event)

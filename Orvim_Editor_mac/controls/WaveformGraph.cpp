@@ -1,14 +1,29 @@
 #include "controls/WaveformGraph.h"
 
+#include "core/tone/UserWaveform.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
 namespace orvim::WaveformGraph {
 
+namespace UserWaveformBuilder = tonavelle::UserWaveformBuilder;
+
 namespace {
 
-enum WaveType { sine, square, triangle, saw, whiteNoise, pinkNoise, pcm, pcmReverse, firstUserWave, lastUserWave = 11 };
+enum WaveType {
+    sine,
+    square,
+    triangle,
+    saw,
+    whiteNoise,
+    pinkNoise,
+    pcm,
+    pcmReverse,
+    firstUserWave = UserWaveformBuilder::firstWaveType,
+    lastUserWave = firstUserWave + UserWaveformBuilder::slotCount - 1,
+};
 
 constexpr double pinkKept = 0.732;
 constexpr double pinkTaken = 0.268;

@@ -1,6 +1,7 @@
 #include "controls/WaveformGraphView.h"
 
 #include "controls/ThemeColors.h"
+#include "controls/ValueDescription.h"
 
 #include <QPainter>
 
@@ -49,10 +50,12 @@ void WaveformGraphView::setColors(const GraphColors& colors)
 
 void WaveformGraphView::describe()
 {
-    setAccessibleDescription(QStringLiteral("Wave Type %1, Ringmod Multiply %2, Ringmod Gain %3")
-                                 .arg(m_parameters.waveType)
-                                 .arg(m_parameters.ringModMultiply)
-                                 .arg(m_parameters.ringModGain));
+    using ID = tonavelle::ToneParameterID;
+    setAccessibleDescription(describedValues({
+        {ID::waveType, QString::number(m_parameters.waveType)},
+        {ID::ringModMultiply, QString::number(m_parameters.ringModMultiply)},
+        {ID::ringModGain, QString::number(m_parameters.ringModGain)},
+    }));
 }
 
 QSize WaveformGraphView::sizeHint() const

@@ -1,6 +1,7 @@
 #include "pages/ToneChannelActions.h"
 
 #include "MIDIOutManager.h"
+#include "controls/CoreText.h"
 #include "core/tone/FactoryMelodyTable.h"
 #include "core/tone/ToneEditorBuilder.h"
 #include "core/tone/ToneNames.h"
@@ -19,11 +20,6 @@ using tonavelle::ToneParameterID;
 namespace ToneEditorBuilder = tonavelle::ToneEditorBuilder;
 
 namespace {
-
-QString labelOf(const ToneParameter& parameter)
-{
-    return QString::fromUtf8(parameter.label.data(), static_cast<qsizetype>(parameter.label.size()));
-}
 
 ChannelToneParameters& selectedChannel(ToneEditorState& state)
 {
@@ -54,7 +50,8 @@ void ToneChannelActions::setMaster(ToneParameterID id, double value)
     m_model.change(ToneEditorPart::master, [&](ToneEditorState& state) {
         tonavelle::setValue(parameter, state.instrument.master, wholeValue(parameter, value));
     });
-    m_midiOutManager.send(ToneEditorBuilder::liveMessages(id, m_model.state().instrument.master), labelOf(parameter));
+    m_midiOutManager.send(ToneEditorBuilder::liveMessages(id, m_model.state().instrument.master),
+                          fromCore(parameter.label));
 }
 
 void ToneChannelActions::selectChannel(int channel)
@@ -95,7 +92,7 @@ void ToneChannelActions::sendLive(ToneParameterID id)
 {
     const ToneEditorState& state = m_model.state();
     m_midiOutManager.send(ToneEditorBuilder::liveMessages(id, state.selectedChannel, state.channel()),
-                          labelOf(tonavelle::toneParameter(id)));
+                          fromCore(tonavelle::toneParameter(id).label));
 }
 
 void ToneChannelActions::showName()

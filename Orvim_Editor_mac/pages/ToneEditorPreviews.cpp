@@ -24,9 +24,6 @@ namespace {
 constexpr int testNote = 60;
 constexpr int testVelocity = 127;
 
-/// The factory program, "081:Square Wave", as which a waveform is heard.
-constexpr std::uint8_t wavePreviewProgram = 80;
-
 } // namespace
 
 ToneEditorPreviews::ToneEditorPreviews(ToneEditorModel& model, MIDIOutManager& midiOutManager,
@@ -222,7 +219,7 @@ void ToneEditorPreviews::showUserDrumPreview()
 
 void ToneEditorPreviews::showUserWavePreview()
 {
-    showPreview(melodyPreviewChannel, ChannelToneParameters({.programChange = wavePreviewProgram}));
+    showPreview(melodyPreviewChannel, ChannelToneParameters({.programChange = UserWaveformBuilder::previewProgram}));
 }
 
 } // namespace orvim

@@ -2,6 +2,7 @@
 
 #include "DisplaySimulatorState.h"
 #include "MIDIOutManager.h"
+#include "controls/CoreText.h"
 #include "core/protocol/SysExBuilder.h"
 #include "core/tone/ToneEditorBuilder.h"
 #include "core/tone/ToneUserMessages.h"
@@ -59,11 +60,6 @@ std::vector<Entry> entriesOf(const ToneInstrument& instrument)
     return entries;
 }
 
-QString labelOf(const Entry& entry)
-{
-    return QString::fromUtf8(entry.label.data(), static_cast<qsizetype>(entry.label.size()));
-}
-
 } // namespace
 
 ToneEditorSendAll::ToneEditorSendAll(ToneEditorModel& model, ToneEditorPreviews& previews,
@@ -92,7 +88,7 @@ bool ToneEditorSendAll::send(const ToneInstrument& instrument)
     std::size_t sent = 0;
     for (const Entry& entry : entries) {
         m_midiOutManager.setProgressFraction(static_cast<double>(++sent) / static_cast<double>(entries.size()));
-        m_midiOutManager.send(entry.message, labelOf(entry));
+        m_midiOutManager.send(entry.message, fromCore(entry.label));
         if (!goesOnTo(destination)) return false;
         if (entry.message == reset) m_displaySimulator.resetForMessage(resetLabel);
         if (const auto channel = entry.selectedChannel) {

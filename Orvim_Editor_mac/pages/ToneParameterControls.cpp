@@ -45,11 +45,6 @@ QStringList choiceTitles(const ToneParameter& parameter)
 
 } // namespace
 
-QString fromCore(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QGroupBox* makeToneGroup(const QString& title)
 {
     auto* const box = new QGroupBox(title);

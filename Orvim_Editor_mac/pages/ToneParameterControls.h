@@ -1,13 +1,12 @@
 #pragma once
 
+#include "controls/CoreText.h"
 #include "core/tone/ToneParameterTable.h"
 
 #include <QObject>
-#include <QString>
 
 #include <functional>
 #include <map>
-#include <string_view>
 
 class QGroupBox;
 class QWidget;
@@ -55,8 +54,5 @@ private:
 
     std::map<tonavelle::ToneParameterID, Show> m_shows;
 };
-
-/// Text of the core's tables.
-QString fromCore(std::string_view text);
 
 } // namespace orvim

@@ -24,8 +24,6 @@ namespace ToneEditorBuilder = tonavelle::ToneEditorBuilder;
 
 namespace {
 
-constexpr double highestNote = 127;
-
 UserTonePatch& selectedUserMelody(ToneEditorState& state)
 {
     return state.instrument.userMelodies[static_cast<std::size_t>(state.selectedUserMelody)];
@@ -136,7 +134,7 @@ void TonePatchActions::setUserDrumNoteNumber(double value)
 {
     m_model.change(ToneEditorPart::userDrum, [&](ToneEditorState& state) {
         UserTonePatch& patch = selectedUserDrum(state);
-        patch.noteNumber = static_cast<std::uint8_t>(std::clamp(std::round(value), 0.0, highestNote));
+        patch.noteNumber = static_cast<std::uint8_t>(std::clamp<double>(std::round(value), 0, highestNoteNumber));
         patch.presetProgram.reset();
     });
     sendUserDrum();

@@ -13,6 +13,9 @@ class DisplaySimulatorState;
 class MIDIOutManager;
 class ToneEditorModel;
 
+/// The highest pitch at which the module plays a drum.
+inline constexpr int highestNoteNumber = 127;
+
 /// What the tabs of the user melodies and drums do to the selected patch. A sound goes out whole at each change.
 class TonePatchActions
 {
@@ -30,7 +33,7 @@ public:
     void setDrumSetName(const QString& name);
     /// The editor's own: the module has no name for a note, and nothing is sent.
     void setUserDrumName(const QString& name);
-    /// The pitch, 0...127, at which the module plays the note.
+    /// The pitch, 0...`highestNoteNumber`, at which the module plays the note.
     void setUserDrumNoteNumber(double value);
     void setUserDrum(tonavelle::ToneParameterID id, double value);
 

@@ -17,12 +17,9 @@ using tonavelle::UserWaveform;
 
 namespace {
 
-/// The wave type that stands for the first user slot.
-constexpr int firstUserWave = 8;
-
 std::optional<UserWaveform> userSamples(int waveType, std::span<const UserWaveform> userWaveforms)
 {
-    const int slot = waveType - firstUserWave;
+    const int slot = waveType - tonavelle::UserWaveformBuilder::firstWaveType;
     if (slot < 0 || static_cast<std::size_t>(slot) >= userWaveforms.size()) return std::nullopt;
     return userWaveforms[static_cast<std::size_t>(slot)];
 }
@@ -48,12 +45,12 @@ void ToneVoiceControls::addBesideWaveNumber(const QString& caption, NumberSlider
     // The row goes in front of those of the ring modulation, behind the type and the number.
     constexpr int place = 2;
     addControlRow(*m_oscillators, caption, control);
-    constexpr int controlInRow = 1; // behind its caption
-    QWidget* const waveNumber = rows->itemAt(place - 1)->layout()->itemAt(controlInRow)->widget();
-    control->setTabOrderAfter(*static_cast<NumberSlider*>(waveNumber));
     auto* const rows = static_cast<QVBoxLayout*>(m_oscillators->layout());
     QLayoutItem* const row = rows->takeAt(rows->count() - 1);
     rows->insertItem(place, row);
+    constexpr int controlInRow = 1; // behind its caption
+    QWidget* const waveNumber = rows->itemAt(place - 1)->layout()->itemAt(controlInRow)->widget();
+    control->setTabOrderAfter(*static_cast<NumberSlider*>(waveNumber));
 }
 
 void ToneVoiceControls::setSound(const tonavelle::ChannelToneParameters& sound,

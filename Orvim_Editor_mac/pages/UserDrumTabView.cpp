@@ -16,7 +16,6 @@ namespace orvim {
 namespace {
 
 constexpr int listWidth = 210;
-constexpr int highestNote = 127;
 
 ValidatedTextField* addNameField(QGroupBox& group, const QString& caption, ValidatedTextField::Filter filter)
 {
@@ -34,7 +33,7 @@ UserDrumTabView::UserDrumTabView(ToneEditorActions& actions, QWidget* parent)
       m_list(new PreviewPatchListView)
 {
     const QString noteCaption = QStringLiteral("Notenum");
-    m_noteNumber = new NumberSlider(noteCaption, 0, highestNote);
+    m_noteNumber = new NumberSlider(noteCaption, 0, highestNoteNumber);
     m_voice.addBesideWaveNumber(noteCaption, m_noteNumber);
     auto* const columns = new AdaptiveColumns;
     columns->addColumn(makeToneColumn({}, {makeNameGroup(), m_voice.oscillators()}));

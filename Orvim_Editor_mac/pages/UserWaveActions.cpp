@@ -57,7 +57,7 @@ void UserWaveActions::typeFormula(const QString& formula)
 
 void UserWaveActions::evaluateFormula()
 {
-    QString status = QStringLiteral("OK");
+    QString status = QString::fromUtf8(goodFormulaStatus);
     try {
         setSamples(UserWaveformBuilder::samplesFromFormula(m_model.state().userWaveFormula.toStdString()));
     } catch (const UserWaveformError& error) {

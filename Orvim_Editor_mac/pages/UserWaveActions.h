@@ -25,6 +25,9 @@ inline constexpr std::array<WaveOperation, 4> waveOperations{{
     {"Abs", tonavelle::UserWaveformBuilder::absolute},
 }};
 
+/// What stands beside a formula that could be evaluated, in place of what is wrong with it.
+inline constexpr const char* goodFormulaStatus = "OK";
+
 /// What the tab of the user waveforms does. Edits stay in the editor: a waveform is 128 messages, and goes out only
 /// when it is asked for.
 class UserWaveActions

@@ -25,7 +25,6 @@ namespace {
 
 constexpr int listWidth = 170;
 constexpr int spacing = 8;
-constexpr const char* okStatus = "OK";
 constexpr std::array<const char*, UserWaveformBuilder::buttonFormulas.size()> shapeTitles{"SIN", "SAW", "Square",
                                                                                           "Triangle", "Flat"};
 
@@ -203,7 +202,7 @@ void UserWaveTabView::showState()
     m_unsentMark->setText(present.isUserWaveUnsent() ? tr("未送信") : QString());
     describe(*m_send, m_unsentMark->text());
     m_formula->setBoundText(present.userWaveFormula);
-    const bool isGood = present.userWaveFormulaStatus == QString::fromUtf8(okStatus);
+    const bool isGood = present.userWaveFormulaStatus == QString::fromUtf8(goodFormulaStatus);
     QPalette colors = palette();
     colors.setColor(QPalette::WindowText, isGood ? successColor(palette()) : errorColor(palette()));
     m_formulaStatus->setPalette(colors);

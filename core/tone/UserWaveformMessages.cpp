@@ -14,10 +14,6 @@ constexpr std::size_t nibblesPerSample = 4;
 constexpr std::size_t dataStart = moduleFrameHead.size() + 3; // Command, slot and section stand before the data.
 constexpr std::size_t messageSize = dataStart + samplesPerSection * nibblesPerSample + 1;
 
-// A channel plays a user waveform through a tone whose wave type is one of the last four.
-constexpr int userWaveProgram = 0x50;
-constexpr int firstUserWaveType = 8;
-
 void checkSlot(int slot)
 {
     if (slot < 0 || slot >= slotCount) throw UserWaveformError::invalidSlot();
@@ -86,8 +82,8 @@ Batch previewMessages(int slot, int channel)
     Batch messages = parameterMessages(channel, ToneParameterID::drumTrackSetting, 0);
     messages.push_back(MIDIMessageBuilder::controlChange(channel, Controller::bankSelectMSB, 0));
     messages.push_back(MIDIMessageBuilder::controlChange(channel, Controller::bankSelectLSB, 0));
-    messages.push_back(MIDIMessageBuilder::programChange(channel, userWaveProgram));
-    const Batch waveType = parameterMessages(channel, ToneParameterID::waveType, slot | firstUserWaveType);
+    messages.push_back(MIDIMessageBuilder::programChange(channel, previewProgram));
+    const Batch waveType = parameterMessages(channel, ToneParameterID::waveType, firstWaveType + slot);
     messages.insert(messages.end(), waveType.begin(), waveType.end());
     return messages;
 }
