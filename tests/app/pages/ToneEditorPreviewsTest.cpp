@@ -160,11 +160,28 @@ TEST_F(ToneEditorPreviewsTest, ARowHeldOverATabChangeEndsThereAndTheLaterRelease
 
 TEST_F(ToneEditorPreviewsTest, ARowThatIsNoneEndsTheNoteAndPlaysNothing)
 {
-    actions.previews.pressChannel(16);
+    actions.previews.pressUserMelody(3);
+    actions.previews.pressUserDrum(40);
+    ASSERT_EQ(playedUpToNow().size(), 16U);
+    forget();
     actions.previews.pressUserMelody(128);
+    EXPECT_EQ(playedUpToNow(), Batch{bytes("80 3C 00")});
+    EXPECT_EQ(state().userMelodyPreviewIndex, std::nullopt);
+    EXPECT_EQ(state().userDrumPreviewNote, 40);
+    forget();
     actions.previews.pressUserDrum(-1);
+    EXPECT_EQ(playedUpToNow(), Batch{bytes("89 28 00")});
+    EXPECT_EQ(state().userDrumPreviewNote, std::nullopt);
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(ToneEditorPreviewsTest, ARowBeyondTheChannelsLeavesTheNoteThatSounds)
+{
     actions.previews.pressChannel(2);
-    EXPECT_EQ(played(1), Batch{bytes("92 3C 7F")});
+    actions.previews.pressChannel(16);
+    actions.previews.pressChannel(-1);
+    EXPECT_EQ(playedUpToNow(), Batch{bytes("92 3C 7F")});
+    EXPECT_EQ(state().previewChannel, 2);
 }
 
 TEST_F(ToneEditorPreviewsTest, ASelectionOutsideItsListIsBroughtBackBeforeItIsInstalled)
@@ -181,7 +198,7 @@ TEST_F(ToneEditorPreviewsTest, ATabChangeWithoutAHeldRowPlaysNothing)
 {
     for (const Tab tab : {Tab::channel, Tab::userMelody, Tab::userDrum, Tab::userWave, Tab::master})
         open(tab);
-    EXPECT_TRUE(sent(MIDILane::realtime).empty());
+    EXPECT_EQ(playedUpToNow(), Batch());
     EXPECT_EQ(labels(),
               (QStringList{QStringLiteral("Restore Channel From Preview"),
                            QStringLiteral("Restore Channel From Preview"), QStringLiteral("Select User Melody Patch"),

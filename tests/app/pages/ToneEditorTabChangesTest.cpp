@@ -52,22 +52,6 @@ protected:
         actions.previews.releaseUserWave();
     }
 
-    /// All that was played so far. It is there once a marker sent behind it is, and each marker is another.
-    Batch playedUpToNow()
-    {
-        constexpr std::uint8_t markerStatus = 0x8F;
-        m_marker = (m_marker + 1) & 0x7F;
-        const tonavelle::Message marker{markerStatus, 0, m_marker};
-        plugged.runtime.midiOutManager().sendRealtime({marker});
-        (void)QTest::qWaitFor([&] {
-            const Batch all = sent(MIDILane::realtime);
-            return !all.empty() && all.back() == marker;
-        });
-        Batch all = sent(MIDILane::realtime);
-        std::erase_if(all, [](const auto& message) { return message.front() == markerStatus; });
-        return all;
-    }
-
     Entries expectedEntries(Tab tab) const
     {
         switch (tab) {
@@ -104,9 +88,6 @@ protected:
         if (from == to || from == Tab::master) return {};
         return from == Tab::userDrum ? batch({"89 28 00"}) : batch({"80 3C 00"});
     }
-
-private:
-    std::uint8_t m_marker = 0;
 };
 
 TEST_F(ToneEditorTabChangesTest, SendWhatTheNewTabNeeds)

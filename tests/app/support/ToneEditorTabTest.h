@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/app/support/LogLabels.h"
 #include "tests/app/support/ToneEditorPageTest.h"
 
 namespace orvim::test {
@@ -41,13 +42,7 @@ protected:
     tonavelle::Batch played(std::size_t count) { return sentOn(MIDILane::realtime, count); }
 
     /// The labels of the log's entries, in order.
-    QStringList labels() const
-    {
-        QStringList result;
-        for (const QString& line : plugged.log().split(QLatin1Char('\n')))
-            if (line.startsWith(QStringLiteral(" ["))) result << line.mid(2, line.size() - 3);
-        return result;
-    }
+    QStringList labels() const { return logLabels(plugged.log()); }
 
     const tonavelle::PerformanceMonitorPart& part(std::size_t channel) const
     {

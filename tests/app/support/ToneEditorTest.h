@@ -33,6 +33,22 @@ protected:
         return sent(MIDILane::realtime);
     }
 
+    /// All that was played so far. It is there once a marker sent behind it is, and each marker is another.
+    tonavelle::Batch playedUpToNow()
+    {
+        constexpr std::uint8_t markerStatus = 0x8F;
+        m_marker = (m_marker + 1) & 0x7F;
+        const tonavelle::Message marker{markerStatus, 0, m_marker};
+        plugged.runtime.midiOutManager().sendRealtime({marker});
+        (void)QTest::qWaitFor([&] {
+            const tonavelle::Batch all = sent(MIDILane::realtime);
+            return !all.empty() && all.back() == marker;
+        });
+        tonavelle::Batch all = sent(MIDILane::realtime);
+        std::erase_if(all, [](const auto& message) { return message.front() == markerStatus; });
+        return all;
+    }
+
     QString status() const { return plugged.runtime.midiOutManager().statusMessage(); }
     /// The labels of the log's entries, in order.
     QStringList labels() const { return logLabels(plugged.log()); }
@@ -52,6 +68,9 @@ protected:
     PluggedRuntime plugged;
     RecordingDialogs dialogs;
     ToneEditorActions actions{plugged.runtime, dialogs};
+
+private:
+    std::uint8_t m_marker = 0;
 };
 
 } // namespace orvim::test
