@@ -2,6 +2,7 @@
 
 #include "controls/DropHint.h"
 #include "pages/LyricsPageActions.h"
+#include "pages/LyricsPlaceKeeper.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -46,11 +47,9 @@ LyricsColumn columnOf(const QModelIndex& index)
 
 } // namespace
 
-LyricsTableView::LyricsTableView(LyricsPageActions& actions, QWidget* parent) : QTableView(parent), m_actions(actions)
+LyricsTableView::LyricsTableView(LyricsPageActions& actions, QWidget* parent)
+    : QTableView(parent), m_actions(actions), m_place(new LyricsPlaceKeeper(*this, actions))
 {
-    // Before the model's own selection hears of them: it moves the current cell off a row that goes.
-    connect(&actions.table(), &LyricsTableModel::rowsAboutToBeRemoved, this, &LyricsTableView::rememberRemovedPlace);
-    connect(&actions.table(), &LyricsTableModel::modelAboutToBeReset, this, &LyricsTableView::rememberPlace);
     setModel(&actions.table());
     setUpCells();
     setFrameShape(QFrame::NoFrame);
@@ -130,7 +129,7 @@ void LyricsTableView::commitEditing()
 void LyricsTableView::showList()
 {
     showSelection();
-    restorePlace();
+    m_place->restore();
     m_dropHint->setVisible(!m_actions.state().hasOpenedMIDI);
     updateGeometries();
 }
@@ -164,37 +163,6 @@ void LyricsTableView::goToAddedRows()
     const QModelIndex current = model()->index(static_cast<int>(first - rows.begin()), column);
     selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
     scrollTo(current);
-}
-
-/// Rows go from the last to the first, so that the row of the current cell may be any of them.
-void LyricsTableView::rememberRemovedPlace(const QModelIndex&, int first, int last)
-{
-    const int row = currentIndex().row();
-    if (!m_hasLostPlace && row >= first && row <= last) rememberPlace();
-}
-
-/// A table that is made anew, for another song or a change in very many places, loses its current cell.
-void LyricsTableView::rememberPlace()
-{
-    m_hasLostPlace = true;
-    m_rowsAbove.clear();
-    for (int row = 0; row < currentIndex().row(); ++row)
-        m_rowsAbove.insert(m_actions.table().row(row).id);
-    m_column = currentIndex().isValid() ? currentIndex().column() : static_cast<int>(LyricsColumn::text);
-}
-
-/// The keys go on behind the rows that stood above and are still there: in another song, in its first row.
-void LyricsTableView::restorePlace()
-{
-    const auto& rows = m_actions.state().rows;
-    if (m_hasLostPlace && !rows.empty()) {
-        const auto above =
-            std::ranges::count_if(rows, [this](const LyricsTableRow& row) { return m_rowsAbove.contains(row.id); });
-        const int row = std::min(static_cast<int>(above), m_actions.table().rowCount() - 1);
-        selectionModel()->setCurrentIndex(model()->index(row, m_column), QItemSelectionModel::NoUpdate);
-    }
-    m_hasLostPlace = false;
-    m_rowsAbove.clear();
 }
 
 void LyricsTableView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "pages/LyricsCellDelegates.h"
-#include "pages/LyricsPageState.h"
 
 #include <QTableView>
 
@@ -10,7 +9,7 @@ class QLabel;
 namespace orvim {
 
 class LyricsPageActions;
-enum class LyricsColumn;
+class LyricsPlaceKeeper;
 
 /// The rows of lyrics. Cells are edited by a double click, F2, Return or typing, commands picked from a menu, rows
 /// tried by their button; Insert adds rows, Delete removes the selected ones. Nothing is made per row, so that long
@@ -52,9 +51,6 @@ private:
     void showList();
     void showSelection();
     void goToAddedRows();
-    void rememberRemovedPlace(const QModelIndex& parent, int first, int last);
-    void rememberPlace();
-    void restorePlace();
     void copyCell();
     bool pressSpace(const QKeyEvent& event);
     bool activateCell();
@@ -69,11 +65,9 @@ private:
     void followInputMethod();
 
     LyricsPageActions& m_actions;
+    LyricsPlaceKeeper* m_place;
     ButtonCellDelegate* m_buttons = nullptr;
     QLabel* m_dropHint = nullptr;
-    QSet<LyricsRowID> m_rowsAbove;      ///< those before the current one, as long as the table is made anew
-    bool m_hasLostPlace = false;        ///< the current one's row goes, or all rows
-    int m_column = 0;                   ///< the current one, likewise
     QPersistentModelIndex m_heldButton; ///< the one that took the press of the pointer
     QPersistentModelIndex m_pressedCommand;
 };

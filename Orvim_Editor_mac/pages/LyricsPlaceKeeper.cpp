@@ -1,0 +1,50 @@
+#include "pages/LyricsPlaceKeeper.h"
+
+#include "pages/LyricsPageActions.h"
+
+#include <QTableView>
+
+#include <algorithm>
+
+namespace orvim {
+
+LyricsPlaceKeeper::LyricsPlaceKeeper(QTableView& view, LyricsPageActions& actions)
+    : QObject(&view), m_view(view), m_actions(actions)
+{
+    connect(&actions.table(), &LyricsTableModel::rowsAboutToBeRemoved, this, &LyricsPlaceKeeper::rememberRemoved);
+    connect(&actions.table(), &LyricsTableModel::modelAboutToBeReset, this, &LyricsPlaceKeeper::remember);
+}
+
+/// Rows go from the last to the first, so that the row of the current cell may be any of them.
+void LyricsPlaceKeeper::rememberRemoved(const QModelIndex&, int first, int last)
+{
+    const int row = m_view.currentIndex().row();
+    if (!m_isLost && row >= first && row <= last) remember();
+}
+
+/// A table that is made anew, for another song or a change in very many places, loses its current cell.
+void LyricsPlaceKeeper::remember()
+{
+    const QModelIndex current = m_view.currentIndex();
+    m_isLost = true;
+    m_rowsAbove.clear();
+    for (int row = 0; row < current.row(); ++row)
+        m_rowsAbove.insert(m_actions.table().row(row).id);
+    m_column = current.isValid() ? current.column() : static_cast<int>(LyricsColumn::text);
+}
+
+void LyricsPlaceKeeper::restore()
+{
+    const auto& rows = m_actions.state().rows;
+    if (m_isLost && !rows.empty()) {
+        const auto above =
+            std::ranges::count_if(rows, [this](const LyricsTableRow& row) { return m_rowsAbove.contains(row.id); });
+        const int row = std::min(static_cast<int>(above), m_actions.table().rowCount() - 1);
+        const QModelIndex place = m_actions.table().index(row, m_column);
+        m_view.selectionModel()->setCurrentIndex(place, QItemSelectionModel::NoUpdate);
+    }
+    m_isLost = false;
+    m_rowsAbove.clear();
+}
+
+} // namespace orvim
