@@ -29,7 +29,8 @@ QLabel* makeHeading(const QString& text)
 } // namespace
 
 ToneEditorTabView::ToneEditorTabView(ToneEditorActions& actions, ToneEditorParts followed, QWidget* parent)
-    : QWidget(parent), m_actions(actions), m_refresh(new OncePerTurn(this, [this] { showState(); }))
+    : QWidget(parent), m_actions(actions), m_refresh(new OncePerTurn(
+                                               this, [this] { showState(); }, OncePerTurn::Latest::beforeInput))
 {
     connect(&actions.model, &ToneEditorModel::changed, this, [this, followed](ToneEditorParts parts) {
         if (parts & followed) m_refresh->request();

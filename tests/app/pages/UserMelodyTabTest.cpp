@@ -1,3 +1,4 @@
+#include "controls/TickSnappingSlider.h"
 #include "controls/ValidatedTextField.h"
 #include "tests/app/support/ToneEditorTabTest.h"
 
@@ -41,6 +42,23 @@ TEST_F(UserMelodyTabTest, ARowIsHeardWhileItIsHeldAndItsControlsFollow)
     settle();
     EXPECT_EQ(control<ValidatedTextField>(QStringLiteral("楽器名")).text(), QStringLiteral("Bell"));
     EXPECT_EQ(part(0), (tonavelle::PerformanceMonitorPart{"006:Bell", true, false, 5}));
+}
+
+TEST_F(UserMelodyTabTest, AKeyThatComesRightBehindAPressedRowChangesThatRow)
+{
+    page->actions().patches.selectUserMelody(1);
+    auto& attack = control<TickSnappingSlider>(QStringLiteral("Attack Time"));
+    attack.choose(90);
+    page->actions().patches.selectUserMelody(0);
+    settle();
+    EXPECT_EQ(attack.value(), 0);
+    forget();
+    // As after a wait that has held both back: nothing but the events themselves comes between them.
+    pressRow(1);
+    releaseRow();
+    QTest::sendKeyEvent(QTest::Press, &attack, Qt::Key_Right, QString(), Qt::NoModifier);
+    EXPECT_EQ(attack.value(), 91);
+    EXPECT_EQ(state().instrument.userMelodies[1].parameters.attack, 91);
 }
 
 TEST_F(UserMelodyTabTest, ARowThatTheArrowsReachIsWhatThePreviewChannelPlays)
