@@ -1,5 +1,7 @@
 #include "controls/PreviewPatchListView.h"
 
+#include "controls/HeldKey.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -50,6 +52,10 @@ private:
 
 PreviewPatchListView::PreviewPatchListView(QWidget* parent) : QListView(parent), m_items(new QStringListModel(this))
 {
+    const auto holdSelected = [this] {
+        if (!m_pressedIndex && currentIndex().isValid()) hold(selectedIndex(), Hand::key);
+    };
+    m_spaceBar = new HeldKey(this, holdSelected, [this] { letGo(Hand::key); });
     setModel(m_items);
     setItemDelegate(new RowDelegate(*this));
     setEditTriggers(NoEditTriggers);
@@ -170,13 +176,13 @@ void PreviewPatchListView::mouseDoubleClickEvent(QMouseEvent* event)
 void PreviewPatchListView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() != Qt::Key_Space) return QListView::keyPressEvent(event);
-    if (!event->isAutoRepeat() && !m_pressedIndex && currentIndex().isValid()) hold(selectedIndex(), Hand::key);
+    m_spaceBar->press(*event);
 }
 
 void PreviewPatchListView::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->key() != Qt::Key_Space) return QListView::keyReleaseEvent(event);
-    if (!event->isAutoRepeat()) letGo(Hand::key);
+    m_spaceBar->release(*event);
 }
 
 void PreviewPatchListView::focusOutEvent(QFocusEvent* event)

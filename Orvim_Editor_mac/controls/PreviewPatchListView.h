@@ -8,6 +8,8 @@ class QStringListModel;
 
 namespace orvim {
 
+class HeldKey;
+
 /// A list whose rows are chosen and played: a row sounds while it is held with the pointer, or, for the chosen row,
 /// while the space bar is down. Whatever takes the row away from under the hand ends it.
 class PreviewPatchListView : public QListView
@@ -62,6 +64,7 @@ private:
     void letGo(Hand hand);
 
     QStringListModel* m_items = nullptr;
+    HeldKey* m_spaceBar = nullptr;
     std::optional<int> m_pressedIndex;
     Hand m_hand = Hand::pointer; ///< of the row that is held, or was last
     bool m_isInPress = false;    ///< the pointer chooses a row that it is about to hold

@@ -1,5 +1,6 @@
 #include "controls/ToneKeyboardNSView.h"
 
+#include "controls/HeldKey.h"
 #include "controls/ToneKeyboardGeometry.h"
 
 #include <QKeyEvent>
@@ -59,6 +60,13 @@ int cursorStep(int key)
 ToneKeyboardNSView::ToneKeyboardNSView(OnNote onNoteOn, OnNote onNoteOff, QWidget* parent)
     : QWidget(parent), m_onNoteOn(std::move(onNoteOn)), m_onNoteOff(std::move(onNoteOff))
 {
+    const auto playCursor = [this] {
+        if (!m_isDragging) play(m_cursorNote);
+    };
+    const auto endKey = [this] {
+        if (!m_isDragging) endNote();
+    };
+    m_spaceBar = new HeldKey(this, playCursor, endKey);
     setFixedSize(sizeHint());
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true); // a move without a button tells of a release that went elsewhere
@@ -162,7 +170,7 @@ void ToneKeyboardNSView::endNote()
 void ToneKeyboardNSView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Space) {
-        if (!event->isAutoRepeat() && !m_isDragging) play(m_cursorNote);
+        m_spaceBar->press(*event);
         return;
     }
     const int step = cursorStep(event->key());
@@ -174,7 +182,7 @@ void ToneKeyboardNSView::keyPressEvent(QKeyEvent* event)
 void ToneKeyboardNSView::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->key() != Qt::Key_Space) return QWidget::keyReleaseEvent(event);
-    if (!event->isAutoRepeat() && !m_isDragging) endNote();
+    m_spaceBar->release(*event);
 }
 
 void ToneKeyboardNSView::moveCursorTo(int note)

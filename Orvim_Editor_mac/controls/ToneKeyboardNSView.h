@@ -7,6 +7,8 @@
 
 namespace orvim {
 
+class HeldKey;
+
 /// A small piano keyboard, played with the pointer, one note at a time: a drag over the keys is a glissando, and a note
 /// never outlives the pointer's stay, the focus or the view itself. With the keyboard, arrows choose a key and the
 /// space bar plays it while it is down.
@@ -51,6 +53,7 @@ private:
     QRect cursorRect() const;
     QColor keyColor(int note) const;
 
+    HeldKey* m_spaceBar = nullptr;
     int m_channel = 0;
     OnNote m_onNoteOn;
     OnNote m_onNoteOff;

@@ -37,6 +37,12 @@ protected:
 
     void note(const char* what, int row) { told.push_back(std::string(what) + " " + std::to_string(row)); }
     QPoint middleOf(int row) const { return list->visualRect(list->model()->index(row, 0)).center(); }
+    void sendSpaceBar(QEvent::Type type, quint64 time, bool isMarkedRepetition = false)
+    {
+        QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), isMarkedRepetition);
+        event.setTimestamp(time);
+        QApplication::sendEvent(list, &event);
+    }
     void pressRow(int row) { QTest::mousePress(list->viewport(), Qt::LeftButton, {}, middleOf(row)); }
     void releaseRow(int row) { QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, middleOf(row)); }
 
@@ -91,20 +97,33 @@ TEST_F(PreviewPatchListViewTest, ArrowsChooseAndTheSpaceBarPlays)
     QTest::keyPress(list, Qt::Key_Space);
     EXPECT_EQ(list->pressedIndex(), 1);
     QTest::keyRelease(list, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !list->pressedIndex(); }));
     EXPECT_THAT(told, ElementsAre("select 1", "reach 1", "press 1", "release"));
 }
 
 TEST_F(PreviewPatchListViewTest, ASpaceBarHeldDownPlaysOnce)
 {
     list->setFocus();
-    QTest::keyPress(list, Qt::Key_Space);
-    QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
-    QApplication::sendEvent(list, &repeat);
-    QKeyEvent repeatedRelease(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
-    QApplication::sendEvent(list, &repeatedRelease);
+    sendSpaceBar(QEvent::KeyPress, 1000);
+    for (const quint64 time : {1500, 1530, 1560}) {
+        // Some repetitions bear the mark of one, some do not.
+        const bool isMarked = time != 1530;
+        sendSpaceBar(QEvent::KeyRelease, time, isMarked);
+        sendSpaceBar(QEvent::KeyPress, time, isMarked);
+    }
     EXPECT_THAT(told, ElementsAre("press 0"));
-    QTest::keyRelease(list, Qt::Key_Space);
+    sendSpaceBar(QEvent::KeyRelease, 1580);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !list->pressedIndex(); }));
     EXPECT_THAT(told, ElementsAre("press 0", "release"));
+}
+
+TEST_F(PreviewPatchListViewTest, ASpaceBarStruckAgainAtOncePlaysAgain)
+{
+    list->setFocus();
+    sendSpaceBar(QEvent::KeyPress, 1000);
+    sendSpaceBar(QEvent::KeyRelease, 1009);
+    sendSpaceBar(QEvent::KeyPress, 1010);
+    EXPECT_THAT(told, ElementsAre("press 0", "release", "press 0"));
 }
 
 TEST_F(PreviewPatchListViewTest, ThePointerTakesOverFromTheSpaceBarWhoseReleaseThenDoesNothing)
@@ -150,6 +169,7 @@ TEST_F(PreviewPatchListViewTest, TheHeldRowIsMarkedOnAnyThemeSelectedOrNot)
         // The tint of the same colour over the mark of that colour leaves it as it is.
         EXPECT_EQ(markColor(), QColor(0x1C, 0x71, 0xD8));
         QTest::keyRelease(list, Qt::Key_Space);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !list->pressedIndex(); }));
     }
 }
 

@@ -189,6 +189,7 @@ TEST_F(ToneKeyboardNSViewTest, TheSpaceBarPlaysTheKeyThatArrowsChoose)
     QTest::keyPress(keyboard, Qt::Key_Space);
     EXPECT_THAT(played, ElementsAre("on 0 73"));
     QTest::keyRelease(keyboard, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !keyboard->activeNote(); }));
     EXPECT_EQ(played.back(), "off 0 73");
     QTest::keyClick(keyboard, Qt::Key_Home);
     QTest::keyClick(keyboard, Qt::Key_Left);
