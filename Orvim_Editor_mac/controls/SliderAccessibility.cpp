@@ -24,7 +24,11 @@ public:
         return QAccessibleWidget::text(kind);
     }
     QVariant currentValue() const override { return slider().value(); }
-    void setCurrentValue(const QVariant& value) override { slider().choose(value.toDouble()); }
+    void setCurrentValue(const QVariant& value) override
+    {
+        // Unlike keys and presses this comes also to a control that is greyed.
+        if (slider().isEnabled()) slider().choose(value.toDouble());
+    }
     QVariant maximumValue() const override { return slider().range().upper; }
     QVariant minimumValue() const override { return slider().range().lower; }
     QVariant minimumStepSize() const override { return slider().range().step; }

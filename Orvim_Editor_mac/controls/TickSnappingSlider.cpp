@@ -10,6 +10,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace orvim {
 
@@ -30,7 +31,7 @@ constexpr int wheelNotch = 120;
 
 TickSnappingSlider::TickSnappingSlider(Qt::Orientation orientation, double lower, double upper, double step,
                                        QWidget* parent)
-    : QWidget(parent), m_orientation(orientation), m_range{lower, upper, step}, m_value(lower)
+    : QWidget(parent), m_orientation(orientation), m_range{lower, upper, step}, m_value(lower), m_bound(lower)
 {
     installSliderAccessibility();
     setFocusPolicy(Qt::StrongFocus);
@@ -52,6 +53,7 @@ bool TickSnappingSlider::assign(double value)
 
 void TickSnappingSlider::setValue(double value)
 {
+    m_bound = value;
     assign(value);
 }
 
@@ -66,7 +68,8 @@ void TickSnappingSlider::setRange(double lower, double upper)
 
 void TickSnappingSlider::choose(double value)
 {
-    if (assign(value)) Q_EMIT valueChanged(m_value);
+    assign(value);
+    if (std::exchange(m_bound, m_value) != m_value) Q_EMIT valueChanged(m_value);
 }
 
 double TickSnappingSlider::axisLength() const

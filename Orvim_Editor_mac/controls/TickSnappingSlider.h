@@ -65,6 +65,7 @@ private:
     Qt::Orientation m_orientation;
     SliderRange m_range;
     double m_value = 0;
+    double m_bound = 0; ///< the value as the program gave it, which may lie off the range or the step
     bool m_isDragging = false;
     double m_grip = 0;    ///< how far from the knob's middle it was taken
     int m_wheelAngle = 0; ///< eighths of a degree that do not make a step yet

@@ -49,6 +49,30 @@ struct Shown {
     QSignalSpy editingSpy{&slider, &TickSnappingSlider::onEditingChanged};
 };
 
+TEST(TickSnappingSlider, AValueOfTheProgramOffTheRangeGivesWayToTheEndThatTheUserChooses)
+{
+    Shown shown(Qt::Horizontal, {0, 12, 1});
+    shown.slider.setValue(100);
+    EXPECT_EQ(shown.slider.value(), 12);
+    QTest::keyClick(&shown.slider, Qt::Key_End);
+    EXPECT_EQ(shown.values(), std::vector<double>{12});
+    QTest::keyClick(&shown.slider, Qt::Key_End);
+    EXPECT_EQ(shown.values(), std::vector<double>{12});
+}
+
+TEST(TickSnappingSlider, AGreyedOneIsNotMovedThroughAccessibilityEither)
+{
+    Shown shown;
+    auto* const value = QAccessible::queryAccessibleInterface(&shown.slider)->valueInterface();
+    shown.slider.setEnabled(false);
+    value->setCurrentValue(40);
+    EXPECT_EQ(shown.slider.value(), 0);
+    EXPECT_TRUE(shown.values().empty());
+    shown.slider.setEnabled(true);
+    value->setCurrentValue(40);
+    EXPECT_EQ(shown.values(), std::vector<double>{40});
+}
+
 TEST(TickSnappingSlider, TakesValuesOfTheProgramOnTheStepAndSilently)
 {
     Shown shown(Qt::Horizontal, {1, 12, 4});
