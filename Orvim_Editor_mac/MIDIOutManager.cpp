@@ -206,6 +206,11 @@ void MIDIOutManager::appendSendEntry(const NormalSend& send)
     m_logStore.append(entry);
 }
 
+bool MIDIOutManager::hasWaitingSends() const
+{
+    return !m_pendingSends.empty() || (m_selectedDestinationID && m_system.isWaitedFor(*m_selectedDestinationID));
+}
+
 void MIDIOutManager::sendRealtime(const Batch& messages)
 {
     const auto route = routeOrReport();

@@ -62,6 +62,8 @@ public:
     /// Whether a send was given up because the application quits. From then on `send` does nothing: what found room
     /// again would reach the module without what was to go before it.
     bool isQuitting() const { return m_isQuitting; }
+    /// Sends wait for the selected destination, and what `sendRealtime` is given will go ahead of them.
+    bool hasWaitingSends() const;
     /// Sends play gestures in their order, ahead of what waits, without a trace unless it fails. Never waits.
     void sendRealtime(const tonavelle::Batch& messages);
     /// As `sendRealtime`, at once on the calling thread.

@@ -12,6 +12,7 @@
 
 namespace orvim {
 
+using tonavelle::Batch;
 using tonavelle::ChannelToneParameters;
 using tonavelle::ToneBankKind;
 using tonavelle::ToneDrumTrackSetting;
@@ -23,6 +24,9 @@ namespace {
 
 constexpr int testNote = 60;
 constexpr int testVelocity = 127;
+
+const QString melodySelection = QStringLiteral("Select User Melody Patch");
+const QString waveSelection = QStringLiteral("Select User Wave Preview");
 
 } // namespace
 
@@ -70,8 +74,7 @@ void ToneEditorPreviews::install(ToneEditorTab tab)
 void ToneEditorPreviews::installUserMelody()
 {
     const int program = m_model.state().selectedUserMelody;
-    m_midiOutManager.send(ToneEditorBuilder::selectUserMelodyPatch(melodyPreviewChannel, program),
-                          QStringLiteral("Select User Melody Patch"));
+    m_midiOutManager.send(ToneEditorBuilder::selectUserMelodyPatch(melodyPreviewChannel, program), melodySelection);
     showUserMelodyPreview(program);
 }
 
@@ -85,7 +88,7 @@ void ToneEditorPreviews::installUserDrum()
 void ToneEditorPreviews::installUserWave()
 {
     m_midiOutManager.send(UserWaveformBuilder::previewMessages(m_model.state().selectedUserWave, melodyPreviewChannel),
-                          QStringLiteral("Select User Wave Preview"));
+                          waveSelection);
     showUserWavePreview();
 }
 
@@ -104,14 +107,21 @@ void ToneEditorPreviews::sendSelection()
 
 void ToneEditorPreviews::selectUserMelody(int row)
 {
-    m_midiOutManager.sendRealtime(ToneEditorBuilder::selectUserMelodyPatch(melodyPreviewChannel, row));
+    select(ToneEditorBuilder::selectUserMelodyPatch(melodyPreviewChannel, row), melodySelection);
     showUserMelodyPreview(row);
 }
 
 void ToneEditorPreviews::selectUserWave(int row)
 {
-    m_midiOutManager.sendRealtime(UserWaveformBuilder::previewMessages(row, melodyPreviewChannel));
+    select(UserWaveformBuilder::previewMessages(row, melodyPreviewChannel), waveSelection);
     showUserWavePreview();
+}
+
+void ToneEditorPreviews::select(const Batch& messages, const QString& label)
+{
+    m_midiOutManager.sendRealtime(messages);
+    // An older selection may be among what waits; the present one is to have the last word.
+    if (m_midiOutManager.hasWaitingSends()) m_midiOutManager.send(messages, label);
 }
 
 void ToneEditorPreviews::restoreChannel(int channel)

@@ -20,9 +20,8 @@ class ToneEditorModel;
 /// values leaves it so, and only the tab of the channels gives both channels their own sound back. A held row plays
 /// one note, and whatever tab is opened ends it. The channels' own records are never touched by a preview.
 ///
-/// What a held row sends goes ahead of all that still waits for the module, the selection of the tab included: a row
-/// pressed while much waits is heard at once, and the selection that comes through behind it has the last word until
-/// the next press.
+/// What a held row sends goes ahead of all that still waits for the module, so that it is heard at once. While much
+/// waits, its selection follows that once more, as an older one may be among it.
 class ToneEditorPreviews : public QObject
 {
     Q_OBJECT
@@ -56,6 +55,7 @@ private:
     void installUserWave();
     void selectUserMelody(int row);
     void selectUserWave(int row);
+    void select(const tonavelle::Batch& messages, const QString& label);
     void sendSelection();
     void restoreChannel(int channel);
     void endPreviewsExcept(ToneEditorTab tab);

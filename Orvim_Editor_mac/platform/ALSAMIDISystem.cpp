@@ -171,6 +171,13 @@ MIDIStatus ALSAMIDISystem::send(MIDIPortRef port, MIDIEndpointRef endpoint, std:
     return -ENODEV;
 }
 
+bool ALSAMIDISystem::isWaitedFor(MIDIEndpointRef endpoint) const
+{
+    const std::lock_guard lock(mutex);
+    const auto service = services.find(endpoint);
+    return service != services.end() && service->second.worker->hasNormalWaiting();
+}
+
 /// False: the application quits.
 bool ALSAMIDISystem::waitForRoom(const DestinationWorker& worker)
 {

@@ -40,6 +40,7 @@ public:
     void select(MIDIPortRef port, MIDIEndpointRef endpoint) override;
     MIDIStatus send(MIDIPortRef port, MIDIEndpointRef endpoint, std::span<const std::uint8_t> message,
                     MIDILane lane) override;
+    bool isWaitedFor(MIDIEndpointRef endpoint) const override;
 
     void disposePort(MIDIPortRef port) override;
     void disposeClient(MIDIClientRef client) override;

@@ -64,6 +64,12 @@ bool DestinationWorker::isFull() const
     return queue.normalBytes() > fullBytes;
 }
 
+bool DestinationWorker::hasNormalWaiting() const
+{
+    const std::lock_guard lock(mutex);
+    return queue.hasNormal();
+}
+
 std::optional<DestinationWorker::Failure> DestinationWorker::takeFailure()
 {
     const std::lock_guard lock(mutex);

@@ -43,6 +43,8 @@ public:
     std::optional<MIDIStatus> send(std::span<const std::uint8_t> message, MIDILane lane);
     /// More than 64 KiB wait on the normal lane.
     bool isFull() const;
+    /// Messages wait on the normal lane.
+    bool hasNormalWaiting() const;
     /// A failure that cost messages and has not been told by `send` yet; giving it counts as telling. A realtime `send`
     /// tells no loss of normal messages.
     std::optional<Failure> takeFailure();

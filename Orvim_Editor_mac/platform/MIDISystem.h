@@ -59,6 +59,9 @@ public:
     virtual MIDIStatus send(MIDIPortRef port, MIDIEndpointRef endpoint, std::span<const std::uint8_t> message,
                             MIDILane lane) = 0;
 
+    /// Messages of the normal lane wait for the destination.
+    virtual bool isWaitedFor(MIDIEndpointRef endpoint) const = 0;
+
     virtual void disposePort(MIDIPortRef port) = 0;
     virtual void disposeClient(MIDIClientRef client) = 0;
 };

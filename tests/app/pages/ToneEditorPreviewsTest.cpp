@@ -42,6 +42,27 @@ TEST_F(ToneEditorPreviewsTest, TheMelodyTabSelectsItsPatchOnChannel1)
     EXPECT_EQ(state().instrument.channels[0].programChange, 0);
 }
 
+TEST_F(ToneEditorPreviewsTest, WhileMuchWaitsASelectionGoesAheadOfItAndBehindItOnceMore)
+{
+    open(Tab::userMelody);
+    forget();
+    plugged.system.isBehind = true;
+    actions.patches.selectUserMelody(5);
+    actions.previews.followSelection();
+    QCoreApplication::processEvents();
+    const Batch melody{bytes("B0 63 0A"), bytes("B0 62 00"), bytes("B0 06 00"), bytes("B0 26 00"),
+                       bytes("B0 00 10"), bytes("B0 20 00"), bytes("C0 05")};
+    EXPECT_EQ(sent(), melody);
+    EXPECT_EQ(playedUpToNow(), melody);
+    EXPECT_EQ(labels(), QStringList{QStringLiteral("Select User Melody Patch")});
+    open(Tab::userWave);
+    forget();
+    actions.previews.pressUserWave(3);
+    EXPECT_THAT(sent(), testing::Contains(bytes("B0 06 0B")));
+    EXPECT_EQ(playedUpToNow().back(), bytes("90 3C 7F"));
+    EXPECT_EQ(labels(), QStringList{QStringLiteral("Select User Wave Preview")});
+}
+
 TEST_F(ToneEditorPreviewsTest, TheDrumTabSelectsTheDrumSetOnChannel10)
 {
     open(Tab::userDrum);

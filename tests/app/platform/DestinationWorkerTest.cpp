@@ -42,6 +42,14 @@ protected:
 
     static std::chrono::steady_clock::time_point soon() { return std::chrono::steady_clock::now() + 20s; }
 
+    bool waitUntilNoneWait() const
+    {
+        for (const auto end = soon(); worker->hasNormalWaiting() && std::chrono::steady_clock::now() < end;) {
+            std::this_thread::sleep_for(1ms);
+        }
+        return !worker->hasNormalWaiting();
+    }
+
     void waitForFailures(int count) const
     {
         for (const auto end = soon(); failures < count && std::chrono::steady_clock::now() < end;) {
@@ -93,6 +101,21 @@ TEST_F(DestinationWorkerTest, ARealtimeMessageGoesWhereALongOneHasNoRoom)
     ASSERT_TRUE(receiver->waitForMessages(2));
     EXPECT_THAT(receiver->messages(), testing::Contains(Bytes(3, 0x90)));
     EXPECT_THAT(receiver->messages(), testing::Not(testing::Contains(Bytes(100, 0x02))));
+}
+
+TEST_F(DestinationWorkerTest, NormalMessagesWaitUntilTheyAreWritten)
+{
+    receiver->takeAllAtOnce(false);
+    start();
+    worker->send(Bytes(1024, 0x01), MIDILane::normal);
+    EXPECT_TRUE(waitUntilNoneWait());
+    worker->send(Bytes(1024, 0x90), MIDILane::realtime);
+    EXPECT_FALSE(worker->hasNormalWaiting());
+    worker->send(Bytes(1024, 0x02), MIDILane::normal);
+    EXPECT_TRUE(worker->hasNormalWaiting());
+    receiver->takeAllAtOnce(true);
+    EXPECT_TRUE(waitUntilNoneWait());
+    EXPECT_EQ(receiver->messages().size(), 3u);
 }
 
 TEST_F(DestinationWorkerTest, IsFullAbove64KiBAndStirsWhenThereIsRoomAgain)

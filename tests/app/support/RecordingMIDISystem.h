@@ -118,6 +118,8 @@ public:
         return 0;
     }
 
+    bool isWaitedFor(MIDIEndpointRef) const override { return isBehind; }
+
     void disposePort(MIDIPortRef) override { disposals.push_back("port"); }
     void disposeClient(MIDIClientRef) override { disposals.push_back("client"); }
 
@@ -132,6 +134,7 @@ public:
     std::vector<Endpoint> endpoints; ///< what the next refresh lists
     MIDIStatus clientStatus = 0;
     MIDIStatus portStatus = 0;
+    bool isBehind = false; ///< as if normal messages waited
     int createdPorts = 0;
     std::string clientName;
     std::string portName;
