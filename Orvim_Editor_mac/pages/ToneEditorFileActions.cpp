@@ -5,6 +5,7 @@
 #include "core/tone/UserWaveformBuilder.h"
 #include "pages/Report.h"
 #include "pages/ToneEditorModel.h"
+#include "platform/BackgroundWork.h"
 #include "platform/Dialogs.h"
 #include "platform/WholeFile.h"
 
@@ -19,16 +20,14 @@ namespace UserWaveformBuilder = tonavelle::UserWaveformBuilder;
 
 namespace {
 
-/// Beyond these the window would stand still while a file is read. Far above any tone data file, and more than ten
-/// minutes of sound.
-constexpr qint64 largestToneDataFile = 8 * 1024 * 1024;
-constexpr qint64 largestSoundFile = 64 * 1024 * 1024;
+/// Beyond this a file would be long to read and much to hold. Far above any song, and more than ten minutes of sound.
+constexpr qint64 largestFile = 64 * 1024 * 1024;
 
 constexpr std::uint32_t wavSampleRate = 48'000;
 
-std::vector<std::uint8_t> readFile(const QString& path, qint64 largest)
+std::vector<std::uint8_t> readFile(const QString& path)
 {
-    if (QFileInfo(path).size() > largest) throw std::runtime_error("file too large");
+    if (QFileInfo(path).size() > largestFile) throw std::runtime_error("file too large");
     return readWholeFile(path);
 }
 
@@ -79,7 +78,9 @@ void ToneEditorFileActions::open()
         return report(cancelled);
     const auto path = m_dialogs.openPath(FileKind::midi);
     if (!path) return report(cancelled);
-    auto instrument = orNothing([&] { return tonavelle::readToneDataFile(readFile(*path, largestToneDataFile)); });
+    std::optional<tonavelle::ToneInstrument> instrument;
+    const auto read = [&] { instrument = orNothing([&] { return tonavelle::readToneDataFile(readFile(*path)); }); };
+    if (!runInBackground(read)) return;
     if (!instrument) return report(QStringLiteral("音色データMIDIを読み込めません。"));
     // The simulated screen keeps its list of channels: it shows what the module plays, and that has not changed yet.
     m_model.change(ToneEditorModel::everything, [&](ToneEditorState& state) {
@@ -108,8 +109,11 @@ void ToneEditorFileActions::importWAV()
 {
     const auto path = m_dialogs.openPath(FileKind::wave);
     if (!path) return report(QStringLiteral("WAV読み込みをキャンセルしました。"));
-    auto samples =
-        orNothing([&] { return UserWaveformBuilder::samplesFromWAVData(readFile(*path, largestSoundFile)); });
+    std::optional<tonavelle::UserWaveform> samples;
+    const auto read = [&] {
+        samples = orNothing([&] { return UserWaveformBuilder::samplesFromWAVData(readFile(*path)); });
+    };
+    if (!runInBackground(read)) return;
     if (!samples) return report(QStringLiteral("WAV読み込みに失敗しました。"));
     m_model.change(ToneEditorPart::userWave, [&](ToneEditorState& state) {
         state.instrument.userWaveforms[static_cast<std::size_t>(state.selectedUserWave)] = std::move(*samples);

@@ -161,12 +161,32 @@ TEST_F(ToneEditorFileActionsTest, AMissingFileAFolderAndAnEndlessFileAreRefused)
     }
 }
 
-TEST_F(ToneEditorFileActionsTest, AFileOfAHundredMegabytesIsRefusedUnread)
+TEST_F(ToneEditorFileActionsTest, ASongOf64MebibytesIsReadAndALargerOneIsRefusedUnread)
 {
-    QFile file(path("huge.mid"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(100'000'000));
-    openFrom(path("huge.mid"));
+    // One track: a text of zeros that fills the file, the volume of channel 1, the end.
+    constexpr qint64 headSize = 29;
+    const QByteArray end = QByteArray::fromHex("00B00721 00FF2F00");
+    const auto openSong = [&](qint64 fileSize) {
+        const auto textSize = static_cast<quint32>(fileSize - headSize - end.size());
+        const auto length = QByteArray::number(fileSize - 22, 16).rightJustified(8, '0');
+        QByteArray text = QByteArray::fromHex("00FF01");
+        for (int shift = 21; shift >= 0; shift -= 7)
+            text.append(static_cast<char>(((textSize >> shift) & 0x7F) | (shift > 0 ? 0x80 : 0)));
+        const QByteArray head = QByteArray::fromHex("4D546864 00000006 0000 0001 01E0 4D54726B" + length) + text;
+        ASSERT_EQ(head.size(), headSize);
+        QFile file(path("long.mid"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(head) == headSize);
+        ASSERT_TRUE(file.seek(fileSize - end.size()) && file.write(end) == end.size());
+        file.close();
+        openFrom(path("long.mid"));
+    };
+    constexpr qint64 largest = 67'108'864;
+    openSong(largest + 1);
     EXPECT_EQ(status(), QStringLiteral("音色データMIDIを読み込めません。"));
+    EXPECT_EQ(state().instrument.channels[0].volume, 100);
+    openSong(largest);
+    EXPECT_EQ(status(), QStringLiteral("音色データを読み込みました。"));
+    EXPECT_EQ(state().instrument.channels[0].volume, 0x21);
 }
 
 TEST_F(ToneEditorFileActionsTest, ASoundOf64MebibytesIsReadAndALargerOneIsRefusedUnread)
