@@ -12,8 +12,8 @@ namespace orvim {
 /// than 512 MiB, which nothing that the editor reads as a whole comes near.
 std::vector<std::uint8_t> readWholeFile(const QString& path);
 
-/// Writes a file whole or not at all: into a temporary beside it that then takes its name, so also an old file in a
-/// folder that takes no new one stays as it is. False when nothing was written.
+/// Writes a file whole or not at all: into a temporary beside it that then takes its name, or over the old contents
+/// where the folder takes no new file. False when the old file stands as it was.
 bool writeWholeFile(const QString& path, const QByteArray& bytes);
 bool writeWholeFile(const QString& path, const std::vector<std::uint8_t>& bytes);
 

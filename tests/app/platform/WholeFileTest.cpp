@@ -39,14 +39,14 @@ protected:
 
     /// Writes while everyone may enter the folder and nobody may change what stands in it. Nothing where the user can
     /// not be kept out.
-    std::optional<bool> writeIntoLockedFolder() const
+    std::optional<bool> writeIntoLockedFolder(const QByteArray& bytes) const
     {
         const QByteArray place = QFile::encodeName(folder.path());
         EXPECT_EQ(::chmod(place.constData(), 0555), 0);
         std::optional<bool> isWritten;
         {
             const OrdinaryUser user;
-            if (user.isOrdinary()) isWritten = writeWholeFile(path(), fresh);
+            if (user.isOrdinary()) isWritten = writeWholeFile(path(), bytes);
         }
         EXPECT_EQ(::chmod(place.constData(), 0700), 0);
         return isWritten;
@@ -109,20 +109,43 @@ TEST_F(WriteWholeFile, AFolderThatIsMissingOrAFolderInItsPlaceIsRefused)
 
 TEST_F(WriteWholeFile, AFolderThatTakesNoNewFileStaysEmpty)
 {
-    const auto isWritten = writeIntoLockedFolder();
+    const auto isWritten = writeIntoLockedFolder(fresh);
     if (!isWritten) GTEST_SKIP() << "the root user could not become an ordinary one";
     EXPECT_FALSE(*isWritten);
     EXPECT_EQ(names(), QStringList());
 }
 
-TEST_F(WriteWholeFile, InAFolderThatTakesNoNewFileAnOldOneStaysWhole)
+TEST_F(WriteWholeFile, InAFolderThatTakesNoNewFileAnOldOneThatMayBeWrittenIsReplaced)
 {
     writeOld();
     EXPECT_TRUE(QFile::setPermissions(path(), QFile::Permissions(0x6666)));
-    for (const bool isDiskFull : {false, true}) {
-        std::optional<FullDisk> disk;
-        if (isDiskFull) disk.emplace(1000);
-        const auto isWritten = writeIntoLockedFolder();
+    for (const QByteArray& bytes : {fresh, QByteArray("short"), QByteArray()}) {
+        const auto isWritten = writeIntoLockedFolder(bytes);
+        if (!isWritten) GTEST_SKIP() << "the root user could not become an ordinary one";
+        EXPECT_TRUE(*isWritten);
+        EXPECT_EQ(content(), bytes);
+        EXPECT_EQ(names().size(), 1);
+    }
+}
+
+TEST_F(WriteWholeFile, InAFolderThatTakesNoNewFileOneThatIsReadOnlyStaysWhole)
+{
+    writeOld();
+    EXPECT_TRUE(QFile::setPermissions(path(), QFile::Permissions(0x4444)));
+    const auto isWritten = writeIntoLockedFolder(fresh);
+    if (!isWritten) GTEST_SKIP() << "the root user could not become an ordinary one";
+    EXPECT_FALSE(*isWritten);
+    EXPECT_EQ(content(), old);
+}
+
+TEST_F(WriteWholeFile, InAFolderThatTakesNoNewFileAnOldOneStaysWholeOnAFullDisk)
+{
+    writeOld();
+    EXPECT_TRUE(QFile::setPermissions(path(), QFile::Permissions(0x6666)));
+    // Full behind the old contents, and already within them.
+    for (const rlim_t room : {rlim_t{4096}, rlim_t{1000}}) {
+        std::optional<FullDisk> disk(room);
+        const auto isWritten = writeIntoLockedFolder(fresh);
         disk.reset();
         if (!isWritten) GTEST_SKIP() << "the root user could not become an ordinary one";
         EXPECT_FALSE(*isWritten);
