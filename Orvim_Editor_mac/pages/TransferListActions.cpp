@@ -6,6 +6,7 @@
 #include "platform/BackgroundWork.h"
 #include "platform/WholeFile.h"
 
+#include <QCoreApplication>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -87,6 +88,8 @@ void TransferListActions::addFiles(const QStringList& paths)
     for (qsizetype i = 0; i < paths.size(); ++i) {
         showProgress(static_cast<std::size_t>(i), static_cast<std::size_t>(paths.size()));
         if (itemCount() < mostItems && !addOrReport(paths[i])) return m_waitingActions.clear();
+        // What the user did meanwhile: the window may be closed between two files, and the list's own actions follow.
+        QCoreApplication::processEvents();
     }
     renumber();
     report(m_words.registered);

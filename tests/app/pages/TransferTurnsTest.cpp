@@ -3,6 +3,7 @@
 #include "tests/app/support/TransferPageTest.h"
 
 #include <QCoreApplication>
+#include <QProcess>
 
 namespace orvim {
 namespace {
@@ -144,6 +145,37 @@ TEST_F(TransferTurnsTest, QuittingWhileFilesAreLoadedEndsAtTheOneBeingRead)
     EXPECT_FALSE(names().contains(QStringLiteral("late.png")));
     EXPECT_EQ(plugged.log(), QString());
     EXPECT_FALSE(plugged.runtime.midiOutManager().progressFraction());
+}
+
+TEST_F(TransferTurnsTest, TheWindowCanBeClosedBetweenTwoFiles)
+{
+    class CloseWatch : public QObject
+    {
+    public:
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() != QEvent::Close) return false;
+            onClose();
+            event->ignore();
+            return true;
+        }
+        std::function<void()> onClose;
+    } watch;
+    std::optional<std::size_t> itemsAtClosing;
+    watch.onClose = [&] { itemsAtClosing = items().size(); };
+    window.installEventFilter(&watch);
+    QImage large(3000, 3000, QImage::Format_RGB32);
+    large.fill(Qt::red);
+    const QString path = folder.filePath(QStringLiteral("large.png"));
+    ASSERT_TRUE(large.save(path));
+    QProcess keys;
+    keys.start(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("alt+F4")});
+    if (!keys.waitForStarted()) GTEST_SKIP() << "there is no xdotool to press keys";
+    actions().registerFiles(QStringList(32, path));
+    ASSERT_TRUE(itemsAtClosing);
+    EXPECT_LT(*itemsAtClosing, 32u);
+    EXPECT_EQ(items().size(), 32u);
+    keys.waitForFinished();
 }
 
 TEST_F(TransferTurnsTest, QuittingWhileBrokenFilesAreReadStopsTheRest)
