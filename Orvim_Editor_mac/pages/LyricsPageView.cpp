@@ -9,6 +9,7 @@
 
 #include <QDropEvent>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
@@ -23,6 +24,7 @@ constexpr int margin = 14;
 constexpr int helpSpacing = 32;
 constexpr int helpPadding = 10;
 constexpr int highlightWidth = 3;
+constexpr int leastRows = 6; ///< that the help leaves room for, the counter and the titles among them
 
 /// Lies over the page while a song is dragged over it.
 class DropHighlight : public QWidget
@@ -87,7 +89,8 @@ LyricsPageView::LyricsPageView(EditorRuntime& runtime, Dialogs& dialogs)
     layout->setSpacing(0);
     layout->addLayout(counterLine);
     layout->addWidget(m_table, 1);
-    layout->addWidget(makeHelp());
+    m_help = makeHelp();
+    layout->addWidget(m_help);
     m_dropHighlight = new DropHighlight(this);
 
     const auto showHeader = [this] {
@@ -207,6 +210,9 @@ void LyricsPageView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     m_dropHighlight->setGeometry(rect());
+    // In a low window the rows come first.
+    const int leastTableHeight = leastRows * m_table->verticalHeader()->defaultSectionSize();
+    m_help->setVisible(height() - m_help->layout()->totalHeightForWidth(width()) >= leastTableHeight);
 }
 
 } // namespace orvim

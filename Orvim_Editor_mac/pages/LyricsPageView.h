@@ -45,6 +45,7 @@ private:
     LyricsPageActions m_actions;
     ElidedLabel* m_counter = nullptr;
     LyricsTableView* m_table = nullptr;
+    QWidget* m_help = nullptr;
     QWidget* m_dropHighlight = nullptr;
 };
 

@@ -2,6 +2,7 @@
 
 #include "pages/LyricsPageActions.h"
 
+#include <QScrollBar>
 #include <QTableView>
 
 #include <algorithm>
@@ -41,7 +42,9 @@ void LyricsPlaceKeeper::restore()
             std::ranges::count_if(rows, [this](const LyricsTableRow& row) { return m_rowsAbove.contains(row.id); });
         const int row = std::min(static_cast<int>(above), m_actions.table().rowCount() - 1);
         const QModelIndex place = m_actions.table().index(row, m_column);
+        const int sideward = m_view.horizontalScrollBar()->value();
         m_view.selectionModel()->setCurrentIndex(place, QItemSelectionModel::NoUpdate);
+        m_view.horizontalScrollBar()->setValue(sideward); // No key asked for the other columns.
     }
     m_isLost = false;
     m_rowsAbove.clear();

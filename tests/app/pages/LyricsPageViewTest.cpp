@@ -120,6 +120,20 @@ TEST_F(LyricsPageViewTest, TheHelpTellsOfTheUseAndTheCommands)
                            QStringLiteral("$ADD_HI$ / $ADD_LO$\n$DEL_HL$ / $DEL_HI$ / $DEL_LO$")}));
 }
 
+TEST_F(LyricsPageViewTest, TheHelpGivesWayToTheRowsInALowWindow)
+{
+    actions().load(write(QStringLiteral("song.mid"), songOfLyrics(20)));
+    const auto& help = *page().findChild<QWidget*>(QStringLiteral("help"));
+    EXPECT_TRUE(help.isVisible());
+    window.resize(420, 340);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(help.isVisible());
+    EXPECT_GE(table().viewport()->height(), 3 * table().rowHeight(0));
+    window.resize(900, 700);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(help.isVisible());
+}
+
 TEST_F(LyricsPageViewTest, TheThreeMenusHoldTheirItems)
 {
     EXPECT_EQ(menuItems(QStringLiteral("ファイル")),

@@ -677,5 +677,15 @@ TEST_F(LyricsTableViewTest, TheTextTakesTheRoomThatTheOthersLeave)
     EXPECT_FALSE(table().horizontalScrollBar()->isVisible());
 }
 
+TEST_F(LyricsTableViewTest, ANewSongIsSeenFromItsFirstColumnOnInANarrowWindow)
+{
+    window.resize(420, 400);
+    QCoreApplication::processEvents();
+    open(songOfLyrics(3));
+    QCoreApplication::processEvents();
+    ASSERT_GT(table().horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(table().horizontalScrollBar()->value(), 0);
+}
+
 } // namespace
 } // namespace orvim
