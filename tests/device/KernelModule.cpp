@@ -91,7 +91,9 @@ KernelModule::KernelModule(std::string name, int portCount)
     write(midi / "id", cardIdentity);
     write(midi / "in_ports", std::to_string(ports));
     write(midi / "out_ports", std::to_string(ports));
-    write(midi / "buflen", "4096");
+    // One packet of a fast bus: the kernel hands on a buffer once it is full or a shorter packet has come, and a
+    // transfer may end with a packet of full length.
+    write(midi / "buflen", "512");
     write(midi / "qlen", "64");
     fs::create_symlink(midi, folder / "configs/c.1/midi.0");
     plug();
