@@ -1,51 +1,28 @@
 #include "pages/TransferListView.h"
 
 #include "controls/DropHint.h"
-#include "controls/ElidedLabel.h"
+#include "pages/TransferListAccessibility.h"
 #include "pages/TransferListActions.h"
+#include "pages/TransferListRow.h"
 #include "platform/InputHold.h"
 
-#include <QApplication>
 #include <QDropEvent>
-#include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace orvim {
 
 namespace {
 
-constexpr int rowMargin = 8;
-constexpr int rowSpacing = 12;
 constexpr int dropFrameWidth = 2;
 constexpr int itemIDRole = Qt::UserRole;
-
-/// A small picture in its own pixels, also where the screen has finer ones.
-class PicturePreview : public QWidget
-{
-public:
-    explicit PicturePreview(const QImage& picture) : m_picture(picture)
-    {
-        setObjectName(QStringLiteral("preview"));
-        setFixedSize(picture.size());
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-        painter.drawImage(rect(), m_picture);
-    }
-
-private:
-    QImage m_picture;
-};
 
 /// False where the event brings no files.
 bool acceptFiles(QDropEvent& event)
@@ -58,11 +35,6 @@ bool acceptFiles(QDropEvent& event)
     event.setDropAction(Qt::CopyAction);
     event.accept();
     return true;
-}
-
-QString numberText(int number)
-{
-    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
 }
 
 } // namespace
@@ -84,6 +56,7 @@ TransferListView::TransferListView(TransferListActions& actions, QWidget* parent
 
     connect(&actions, &TransferListActions::listChanged, this, &TransferListView::showList);
     connect(this, &QListWidget::itemSelectionChanged, this, &TransferListView::tellSelection);
+    makeAccessible(*this);
     showList();
 }
 
@@ -92,49 +65,70 @@ QUuid TransferListView::id(const QListWidgetItem* item) const
     return item->data(itemIDRole).toUuid();
 }
 
-/// Rows before the first change keep their widgets, so that adding a file costs one row.
+TransferListRow& TransferListView::rowAt(int index) const
+{
+    return static_cast<TransferListRow&>(*itemWidget(item(index)));
+}
+
+QListWidgetItem* TransferListView::itemOf(const QObject* row) const
+{
+    for (int i = 0; i < count(); ++i)
+        if (itemWidget(item(i)) == row) return item(i);
+    return nullptr;
+}
+
+/// Rows that stay keep their widgets, so that adding a file costs one row and a button keeps the focus.
 void TransferListView::showList()
 {
     {
         const QSignalBlocker blocker(this);
-        int same = 0;
-        while (same < count() && same < m_actions.itemCount() && id(item(same)) == m_actions.row(same).id)
-            ++same;
-        while (count() > same)
-            delete takeItem(count() - 1);
-        for (int i = same; i < m_actions.itemCount(); ++i)
-            addRow(i);
+        for (int i = 0; i < m_actions.itemCount(); ++i) {
+            const TransferRow shown = m_actions.row(i);
+            while (i < count() && id(item(i)) != shown.id)
+                removeRow(i);
+            if (i < count())
+                rowAt(i).showNumber(shown.number);
+            else
+                addRow(shown);
+        }
+        while (count() > m_actions.itemCount())
+            removeRow(count() - 1);
+        if (hasFocus() && !currentItem()) goTo(0);
         showSelection();
     }
     showSelectionColors();
     m_dropHint->setVisible(count() == 0);
 }
 
-void TransferListView::addRow(int index)
+void TransferListView::addRow(const TransferRow& shown)
 {
-    const TransferRow shown = m_actions.row(index);
-    auto* const row = new QWidget;
-    auto* const layout = new QHBoxLayout(row);
-    layout->setContentsMargins(rowMargin, rowMargin / 2, rowMargin, rowMargin / 2);
-    layout->setSpacing(rowSpacing);
-    layout->addWidget(new QLabel(numberText(shown.number)));
-    if (!shown.preview.isNull()) layout->addWidget(new PicturePreview(shown.preview));
-    auto* const path = new ElidedLabel;
-    path->setElideMode(Qt::ElideMiddle); // The file's name tells the rows apart.
-    path->setText(shown.filePath);
-    layout->addWidget(path, 1);
-    if (!shown.detail.isEmpty()) layout->addWidget(new QLabel(shown.detail));
-    auto* const button = new QPushButton(QString::fromUtf8(m_actions.words().runOnModule));
-    button->setObjectName(button->text());
-    button->setAccessibleDescription(numberText(shown.number) + QLatin1Char(' ') + shown.filePath);
-    connect(button, &QPushButton::clicked, this, [this, id = shown.id] { m_actions.runOnModule(id); });
-    layout->addWidget(button);
+    auto* const row = new TransferListRow(shown, QString::fromUtf8(m_actions.words().runOnModule), viewport());
+    connect(&row->button(), &QPushButton::clicked, this, [this, id = shown.id] { m_actions.runOnModule(id); });
+    connect(row, &TransferListRow::buttonReached, this, [this, row] { scrollToItem(itemOf(row)); });
+    // A widget that comes later would be behind everything in the window.
+    QWidget* const before = count() > 0 ? &rowAt(count() - 1).button() : static_cast<QWidget*>(this);
+    setTabOrder(before, &row->button());
 
     auto* const listItem = new QListWidgetItem(this);
     listItem->setData(itemIDRole, shown.id);
-    listItem->setData(Qt::AccessibleTextRole, button->accessibleDescription());
     listItem->setSizeHint({0, row->sizeHint().height()});
     setItemWidget(listItem, row);
+}
+
+/// The focus of the row's button stays in the list, and the row that takes its place becomes the current one.
+void TransferListView::removeRow(int index)
+{
+    // The window may be inactive, behind the question whether to clear the list, and gets its focus back later.
+    const bool hasFocusInside = rowAt(index).isAncestorOf(window()->focusWidget());
+    const bool isPlace = hasFocusInside || index == currentRow();
+    if (hasFocusInside) setFocus();
+    delete takeItem(index);
+    if (isPlace) goTo(std::min(index, count() - 1));
+}
+
+void TransferListView::goTo(int index)
+{
+    setCurrentRow(index, QItemSelectionModel::NoUpdate);
 }
 
 void TransferListView::showSelection()
@@ -160,7 +154,7 @@ void TransferListView::showSelectionColors()
             for (const auto role : {QPalette::WindowText, QPalette::Text})
                 colors.setBrush(role, colors.highlightedText());
         }
-        itemWidget(item(i))->setPalette(colors);
+        rowAt(i).setPalette(colors);
     }
 }
 
@@ -214,15 +208,31 @@ void TransferListView::paintEvent(QPaintEvent* event)
 
 void TransferListView::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) return m_actions.deleteSelected();
-    QListWidget::keyPressEvent(event);
+    switch (event->key()) {
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        return m_actions.deleteSelected();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return runFocused(*event);
+    default:
+        QListWidget::keyPressEvent(event);
+    }
+}
+
+/// A key that is held down sends once: a picture takes seconds.
+void TransferListView::runFocused(const QKeyEvent& event)
+{
+    const QListWidgetItem* const row = focusedItem();
+    const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (row && isPlain && !event.isAutoRepeat()) m_actions.runOnModule(id(row));
 }
 
 /// The row whose button has the focus, else the current one.
 const QListWidgetItem* TransferListView::focusedItem() const
 {
     for (int i = 0; i < count(); ++i)
-        if (itemWidget(item(i))->isAncestorOf(QApplication::focusWidget())) return item(i);
+        if (rowAt(i).button().hasFocus()) return item(i);
     return currentItem();
 }
 

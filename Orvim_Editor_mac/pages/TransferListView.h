@@ -9,8 +9,10 @@ class QLabel;
 namespace orvim {
 
 class TransferListActions;
+class TransferListRow;
+struct TransferRow;
 
-/// The rows of a page of transfers: takes dropped files at all times, deletes by key and by context menu.
+/// The rows of a page of transfers: takes dropped files at all times, runs and deletes by key, deletes by context menu.
 class TransferListView : public QListWidget
 {
     Q_OBJECT
@@ -18,6 +20,9 @@ class TransferListView : public QListWidget
 public:
     /// The actions must outlive the view.
     explicit TransferListView(TransferListActions& actions, QWidget* parent = nullptr);
+
+    /// The item whose row this is; null for any other object.
+    QListWidgetItem* itemOf(const QObject* row) const;
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -31,10 +36,14 @@ protected:
 
 private:
     QUuid id(const QListWidgetItem* item) const;
+    TransferListRow& rowAt(int index) const;
     const QListWidgetItem* focusedItem() const;
+    void runFocused(const QKeyEvent& event);
     void showDropTarget(bool isOver);
     void showList();
-    void addRow(int index);
+    void addRow(const TransferRow& shown);
+    void removeRow(int index);
+    void goTo(int index);
     void showSelection();
     void tellSelection();
     void showSelectionColors();

@@ -315,6 +315,7 @@ TEST_F(ImageTransferPageViewTest, OfALongPathTheFileNameStaysInSight)
     const QString deep = QStringLiteral("a-folder-with-a-rather-long-name/").repeated(5);
     ASSERT_TRUE(QDir(folder.path()).mkpath(deep));
     actions().registerFiles({picture(deep + QStringLiteral("name.png"))});
+    QCoreApplication::processEvents(); // gives the row its width
     auto& path = *rowAt(0).findChild<ElidedLabel*>();
     EXPECT_EQ(path.toolTip(), path.text());
     ElidedLabel expected;

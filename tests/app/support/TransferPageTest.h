@@ -1,6 +1,7 @@
 #pragma once
 
 #include "EditorPageHost.h"
+#include "MainWindow.h"
 #include "PageScaffold.h"
 #include "controls/ElidedLabel.h"
 #include "pages/ImageTransferPageView.h"
@@ -29,7 +30,7 @@
 
 namespace orvim::test {
 
-/// A page that transfers files, in view in a window.
+/// A page that transfers files, in view in the main window.
 class TransferPageTest : public testing::Test
 {
 protected:
@@ -38,13 +39,13 @@ protected:
     void SetUp() override
     {
         plugged.runtime.setSelectedPage(shownPage);
-        window.resize(900, 700);
+        window.resize(1'150, 700);
         window.show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
     TransferListPage& page() { return *scaffold().findChild<TransferListPage*>(); }
-    PageScaffold& scaffold() { return window.page(shownPage); }
+    PageScaffold& scaffold() { return window.pages().page(shownPage); }
     QListWidget& list() { return *page().findChild<QListWidget*>(); }
     QWidget& rowAt(int index) { return *list().itemWidget(list().item(index)); }
     QPoint middleOfRow(int row) { return list().visualItemRect(list().item(row)).center(); }
@@ -128,7 +129,7 @@ protected:
     PluggedRuntime plugged;
     MainThreadDoor door;
     RecordingDialogs dialogs;
-    EditorPageHost window{plugged.runtime, dialogs};
+    MainWindow window{plugged.runtime, dialogs};
 };
 
 class ImageTransferPageTest : public TransferPageTest
