@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -24,9 +25,26 @@ constexpr QSize toolbarSymbolFrame(44, 32);
 constexpr QSize toolbarTitleFrame(58, 20);
 constexpr int toolbarTitlePixelSize = 11;
 constexpr int toolbarTitlePadding = 8;
+constexpr int menuButtonPadding = 16;
 constexpr int headerSpacing = 10;
 constexpr int headerTitlePixelSize = 16;
 constexpr int headerSymbolSize = 20;
+
+/// As wide as its title asks for, where styles give every button room for a longer one: a narrow window needs it for
+/// the name of the page.
+class MenuButton : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+
+    QSize sizeHint() const override
+    {
+        const int arrowWidth = style()->pixelMetric(QStyle::PM_MenuButtonIndicator, nullptr, this);
+        return {fontMetrics().horizontalAdvance(text()) + arrowWidth + menuButtonPadding,
+                QPushButton::sizeHint().height()};
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+};
 
 } // namespace
 
@@ -130,7 +148,7 @@ QSize EditorPageHeader::minimumSizeHint() const
 
 QMenu* EditorPageHeader::addMenu(const QString& title)
 {
-    auto* const button = new QPushButton(title, this);
+    auto* const button = new MenuButton(title, this);
     button->setObjectName(title);
     button->setAccessibleName(title);
     button->setFocusPolicy(Qt::StrongFocus);
