@@ -114,6 +114,14 @@ TEST_F(NarrowHeaderTest, InAWidePageAllStandsInOneLine)
     EXPECT_EQ(title.toolTip(), QString());
 }
 
+TEST_F(NarrowHeaderTest, AMenuTakesNoMoreRoomThanItsTitleAsksFor)
+{
+    resize(900);
+    const QFontMetrics metrics = menus[0]->fontMetrics();
+    EXPECT_EQ(menus[0]->width() - menus[1]->width(), metrics.horizontalAdvance(QStringLiteral("ファイル")) -
+                                                         metrics.horizontalAdvance(QStringLiteral("設定")));
+}
+
 TEST_F(NarrowHeaderTest, TheToolbarGoesBelowWhereItDoesNotFitAndComesBack)
 {
     resize(900);
