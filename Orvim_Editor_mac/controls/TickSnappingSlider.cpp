@@ -40,15 +40,14 @@ TickSnappingSlider::TickSnappingSlider(Qt::Orientation orientation, double lower
                   isHorizontal() ? QSizePolicy::Fixed : QSizePolicy::Expanding);
 }
 
-bool TickSnappingSlider::assign(double value)
+void TickSnappingSlider::assign(double value)
 {
     const double snapped = snappedToStep(value, m_range);
-    if (snapped == m_value) return false;
+    if (snapped == m_value) return;
     m_value = snapped;
     update();
     QAccessibleValueChangeEvent event(this, m_value);
     QAccessible::updateAccessibility(&event);
-    return true;
 }
 
 void TickSnappingSlider::setValue(double value)

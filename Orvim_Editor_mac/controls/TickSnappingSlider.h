@@ -59,7 +59,7 @@ private:
     double alongAxis(QPointF point) const;
     void stepTowards(QPointF point);
     void stepBy(double steps);
-    bool assign(double value);
+    void assign(double value);
     void endDrag();
 
     Qt::Orientation m_orientation;

@@ -6,6 +6,7 @@
 #include <QTableView>
 
 #include <algorithm>
+#include <utility>
 
 namespace orvim {
 
@@ -20,34 +21,29 @@ LyricsPlaceKeeper::LyricsPlaceKeeper(QTableView& view, LyricsPageActions& action
 void LyricsPlaceKeeper::rememberRemoved(const QModelIndex&, int first, int last)
 {
     const int row = m_view.currentIndex().row();
-    if (!m_isLost && row >= first && row <= last) remember();
+    if (!m_lost && row >= first && row <= last) remember();
 }
 
 /// A table that is made anew, for another song or a change in very many places, loses its current cell.
 void LyricsPlaceKeeper::remember()
 {
     const QModelIndex current = m_view.currentIndex();
-    m_isLost = true;
-    m_rowsAbove.clear();
+    m_lost = {{}, current.isValid() ? current.column() : static_cast<int>(LyricsColumn::text)};
     for (int row = 0; row < current.row(); ++row)
-        m_rowsAbove.insert(m_actions.table().row(row).id);
-    m_column = current.isValid() ? current.column() : static_cast<int>(LyricsColumn::text);
+        m_lost->rowsAbove.insert(m_actions.table().row(row).id);
 }
 
 void LyricsPlaceKeeper::restore()
 {
+    const auto lost = std::exchange(m_lost, std::nullopt);
     const auto& rows = m_actions.state().rows;
-    if (m_isLost && !rows.empty()) {
-        const auto above =
-            std::ranges::count_if(rows, [this](const LyricsTableRow& row) { return m_rowsAbove.contains(row.id); });
-        const int row = std::min(static_cast<int>(above), m_actions.table().rowCount() - 1);
-        const QModelIndex place = m_actions.table().index(row, m_column);
-        const int sideward = m_view.horizontalScrollBar()->value();
-        m_view.selectionModel()->setCurrentIndex(place, QItemSelectionModel::NoUpdate);
-        m_view.horizontalScrollBar()->setValue(sideward); // No key asked for the other columns.
-    }
-    m_isLost = false;
-    m_rowsAbove.clear();
+    if (!lost || rows.empty()) return;
+    const auto above =
+        std::ranges::count_if(rows, [&](const LyricsTableRow& row) { return lost->rowsAbove.contains(row.id); });
+    const int row = std::min(static_cast<int>(above), m_actions.table().rowCount() - 1);
+    const int sideward = m_view.horizontalScrollBar()->value();
+    m_view.selectionModel()->setCurrentIndex(m_actions.table().index(row, lost->column), QItemSelectionModel::NoUpdate);
+    m_view.horizontalScrollBar()->setValue(sideward); // No key asked for the other columns.
 }
 
 } // namespace orvim

@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 class QModelIndex;
 class QTableView;
 
@@ -24,14 +26,17 @@ public:
     void restore();
 
 private:
+    struct Place {
+        QSet<LyricsRowID> rowsAbove;
+        int column = 0;
+    };
+
     void rememberRemoved(const QModelIndex& parent, int first, int last);
     void remember();
 
     QTableView& m_view;
     LyricsPageActions& m_actions;
-    QSet<LyricsRowID> m_rowsAbove; ///< those before the current one, while the place is lost
-    int m_column = 0;              ///< the current one, likewise
-    bool m_isLost = false;
+    std::optional<Place> m_lost;
 };
 
 } // namespace orvim

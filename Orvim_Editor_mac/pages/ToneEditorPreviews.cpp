@@ -1,6 +1,7 @@
 #include "pages/ToneEditorPreviews.h"
 
 #include "MIDIOutManager.h"
+#include "controls/CoreText.h"
 #include "controls/OncePerTurn.h"
 #include "core/protocol/MIDIMessageBuilder.h"
 #include "core/tone/ToneDefaults.h"
@@ -25,8 +26,8 @@ namespace {
 constexpr int testNote = 60;
 constexpr int testVelocity = 127;
 
-const QString melodySelection = QStringLiteral("Select User Melody Patch");
-const QString waveSelection = QStringLiteral("Select User Wave Preview");
+constexpr std::string_view melodySelection = "Select User Melody Patch";
+constexpr std::string_view waveSelection = "Select User Wave Preview";
 
 } // namespace
 
@@ -74,7 +75,8 @@ void ToneEditorPreviews::install(ToneEditorTab tab)
 void ToneEditorPreviews::installUserMelody()
 {
     const int program = m_model.state().selectedUserMelody;
-    m_midiOutManager.send(ToneEditorBuilder::selectUserMelodyPatch(melodyPreviewChannel, program), melodySelection);
+    m_midiOutManager.send(ToneEditorBuilder::selectUserMelodyPatch(melodyPreviewChannel, program),
+                          fromCore(melodySelection));
     showUserMelodyPreview(program);
 }
 
@@ -88,7 +90,7 @@ void ToneEditorPreviews::installUserDrum()
 void ToneEditorPreviews::installUserWave()
 {
     m_midiOutManager.send(UserWaveformBuilder::previewMessages(m_model.state().selectedUserWave, melodyPreviewChannel),
-                          waveSelection);
+                          fromCore(waveSelection));
     showUserWavePreview();
 }
 
@@ -117,11 +119,11 @@ void ToneEditorPreviews::selectUserWave(int row)
     showUserWavePreview();
 }
 
-void ToneEditorPreviews::select(const Batch& messages, const QString& label)
+void ToneEditorPreviews::select(const Batch& messages, std::string_view label)
 {
     m_midiOutManager.sendRealtime(messages);
     // An older selection may be among what waits; the present one is to have the last word.
-    if (m_midiOutManager.hasWaitingSends()) m_midiOutManager.send(messages, label);
+    if (m_midiOutManager.hasWaitingSends()) m_midiOutManager.send(messages, fromCore(label));
 }
 
 void ToneEditorPreviews::restoreChannel(int channel)

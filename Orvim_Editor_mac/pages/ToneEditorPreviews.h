@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <optional>
+#include <string_view>
 
 namespace orvim {
 
@@ -55,7 +56,7 @@ private:
     void installUserWave();
     void selectUserMelody(int row);
     void selectUserWave(int row);
-    void select(const tonavelle::Batch& messages, const QString& label);
+    void select(const tonavelle::Batch& messages, std::string_view label);
     void sendSelection();
     void restoreChannel(int channel);
     void endPreviewsExcept(ToneEditorTab tab);

@@ -64,8 +64,10 @@ TransferListRow::TransferListRow(const TransferRow& shown, const QString& button
 
 void TransferListRow::showNumber(int number)
 {
-    m_number->setText(QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')));
-    setAccessibleName(m_number->text() + QLatin1Char(' ') + m_filePath);
+    const QString text = QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+    if (text == m_number->text()) return; // Assistive programs are told of each name anew.
+    m_number->setText(text);
+    setAccessibleName(text + QLatin1Char(' ') + m_filePath);
     m_button->setAccessibleDescription(accessibleName());
 }
 
