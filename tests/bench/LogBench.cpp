@@ -4,7 +4,7 @@
 #include "LogTextView.h"
 #include "MIDIOutLogStore.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QPlainTextEdit>
 
 #include <benchmark/benchmark.h>
@@ -89,10 +89,3 @@ BENCHMARK(burstIntoLogTextView)->Iterations(20)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace orvim
-
-int main(int argc, char* argv[])
-{
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}

@@ -148,10 +148,3 @@ BENCHMARK(insertBehindAll)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterat
 
 } // namespace
 } // namespace orvim
-
-int main(int argc, char* argv[])
-{
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}

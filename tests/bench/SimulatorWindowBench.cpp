@@ -65,10 +65,3 @@ BENCHMARK(blinkTick)->Arg(3);
 
 } // namespace
 } // namespace orvim
-
-int main(int argc, char* argv[])
-{
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}

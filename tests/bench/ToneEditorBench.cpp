@@ -138,10 +138,3 @@ BENCHMARK(graphs)->Arg(0)->Arg(5)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace orvim
-
-int main(int argc, char* argv[])
-{
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}

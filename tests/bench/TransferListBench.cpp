@@ -84,10 +84,3 @@ BENCHMARK(scrollSelectedPictures)->Unit(benchmark::kMillisecond)->UseManualTime(
 
 } // namespace
 } // namespace orvim
-
-int main(int argc, char* argv[])
-{
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}
