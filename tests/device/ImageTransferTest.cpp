@@ -27,15 +27,25 @@ QImage picture(int index)
     return image;
 }
 
-QStringList pictureFiles(const QTemporaryDir& folder, int count)
-{
-    QStringList paths;
-    for (int i = 0; i < count; ++i) {
-        paths << folder.filePath(QStringLiteral("%1.png").arg(i));
-        EXPECT_TRUE(picture(i).save(paths.back()));
+/// An editor at the module's second port, and its page with `count` pictures.
+struct PictureList {
+    explicit PictureList(int count)
+    {
+        EXPECT_TRUE(editor.waitUntilSelected(moduleSecondPort));
+        QStringList paths;
+        for (int i = 0; i < count; ++i) {
+            paths << folder.filePath(QStringLiteral("%1.png").arg(i));
+            EXPECT_TRUE(picture(i).save(paths.back()));
+        }
+        actions.registerFiles(paths);
+        EXPECT_EQ(actions.itemCount(), count);
     }
-    return paths;
-}
+
+    Editor editor;
+    QTemporaryDir folder;
+    RecordingDialogs dialogs;
+    ImageTransferPageActions actions{editor.manager(), editor.runtime.displaySimulator(), dialogs};
+};
 
 /// The pixels as the module keeps them: the top 4 bits of red and the top 5 of green and blue, repeated to fill a byte.
 std::vector<std::uint8_t> asKeptByTheModule(const QImage& image)
@@ -63,13 +73,10 @@ std::vector<std::vector<std::uint8_t>> shownPictures(const tonavelle::Batch& arr
 TEST(ImageTransfer, ThePictureOfARowComesWholeToItsScreen)
 {
     const USBModule module({});
-    Editor editor;
-    ASSERT_TRUE(editor.waitUntilSelected(moduleSecondPort));
-    const QTemporaryDir folder;
-    RecordingDialogs dialogs;
-    ImageTransferPageActions actions(editor.manager(), editor.runtime.displaySimulator(), dialogs);
-    actions.registerFiles(pictureFiles(folder, 3));
-    ASSERT_EQ(actions.itemCount(), 3);
+    PictureList list(3);
+    ASSERT_FALSE(HasFailure());
+    Editor& editor = list.editor;
+    ImageTransferPageActions& actions = list.actions;
 
     actions.runOnModule(actions.row(2).id);
     const auto arrived = arrivedAsLogged(module.port(1), editor);
@@ -85,13 +92,10 @@ TEST(ImageTransfer, ThePictureOfARowComesWholeToItsScreen)
 TEST(ImageTransfer, AFullListComesWholeWhileTheWindowLives)
 {
     USBModule module({.takesPortions = true});
-    Editor editor;
-    ASSERT_TRUE(editor.waitUntilSelected(moduleSecondPort));
-    const QTemporaryDir folder;
-    RecordingDialogs dialogs;
-    ImageTransferPageActions actions(editor.manager(), editor.runtime.displaySimulator(), dialogs);
-    actions.registerFiles(pictureFiles(folder, 32));
-    ASSERT_EQ(actions.itemCount(), 32);
+    PictureList list(32);
+    ASSERT_FALSE(HasFailure());
+    Editor& editor = list.editor;
+    ImageTransferPageActions& actions = list.actions;
 
     const PortionsByTurns portions(module);
     for (int row = 0; row < 32; ++row)

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cerrno>
 #include <chrono>
+#include <functional>
 #include <gmock/gmock.h>
 #include <thread>
 
@@ -42,19 +43,22 @@ protected:
 
     static std::chrono::steady_clock::time_point soon() { return std::chrono::steady_clock::now() + 20s; }
 
-    bool waitUntilNoneWait() const
+    static void waitWhile(const std::function<bool()>& holds)
     {
-        for (const auto end = soon(); worker->hasNormalWaiting() && std::chrono::steady_clock::now() < end;) {
+        for (const auto end = soon(); holds() && std::chrono::steady_clock::now() < end;) {
             std::this_thread::sleep_for(1ms);
         }
-        return !worker->hasNormalWaiting();
+    }
+
+    void waitUntilNoneWait() const
+    {
+        waitWhile([this] { return worker->hasNormalWaiting(); });
+        EXPECT_FALSE(worker->hasNormalWaiting());
     }
 
     void waitForFailures(int count) const
     {
-        for (const auto end = soon(); failures < count && std::chrono::steady_clock::now() < end;) {
-            std::this_thread::sleep_for(1ms);
-        }
+        waitWhile([&] { return failures < count; });
         EXPECT_EQ(failures, count);
     }
 
@@ -108,13 +112,13 @@ TEST_F(DestinationWorkerTest, NormalMessagesWaitUntilTheyAreWritten)
     receiver->takeAllAtOnce(false);
     start();
     worker->send(Bytes(1024, 0x01), MIDILane::normal);
-    EXPECT_TRUE(waitUntilNoneWait());
+    waitUntilNoneWait();
     worker->send(Bytes(1024, 0x90), MIDILane::realtime);
     EXPECT_FALSE(worker->hasNormalWaiting());
     worker->send(Bytes(1024, 0x02), MIDILane::normal);
     EXPECT_TRUE(worker->hasNormalWaiting());
     receiver->takeAllAtOnce(true);
-    EXPECT_TRUE(waitUntilNoneWait());
+    waitUntilNoneWait();
     EXPECT_EQ(receiver->messages().size(), 3u);
 }
 

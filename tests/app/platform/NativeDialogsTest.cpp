@@ -123,6 +123,16 @@ protected:
     void createFile(const char* name) { test::writeFile(place(name), "old"); }
     int questions() const { return m_questions; }
 
+    /// The name that is typed means an existing file, which is overwritten after one question or not at all.
+    void expectOneQuestion(const char* typed, const char* existing)
+    {
+        createFile(existing);
+        EXPECT_EQ(saveAs(typed, QMessageBox::YesRole), place(existing));
+        EXPECT_EQ(questions(), 1);
+        EXPECT_EQ(saveAs(typed, QMessageBox::NoRole), std::nullopt);
+        EXPECT_EQ(questions(), 1);
+    }
+
 private:
     /// Again and again, also inside of what it does: a question runs within the key that brings it.
     void actSoon(QObject& presence)
@@ -180,20 +190,12 @@ TEST_F(SavePathTest, ALeftOutExtensionIsAdded)
 
 TEST_F(SavePathTest, AnExistingFileIsAskedAboutOnce)
 {
-    createFile("a.mid");
-    EXPECT_EQ(saveAs("a.mid", QMessageBox::YesRole), place("a.mid"));
-    EXPECT_EQ(questions(), 1);
-    EXPECT_EQ(saveAs("a.mid", QMessageBox::NoRole), std::nullopt);
-    EXPECT_EQ(questions(), 1);
+    expectOneQuestion("a.mid", "a.mid");
 }
 
 TEST_F(SavePathTest, AnExistingFileThatWasTypedWithoutItsExtensionIsAskedAboutOnce)
 {
-    createFile("a.mid");
-    EXPECT_EQ(saveAs("a", QMessageBox::YesRole), place("a.mid"));
-    EXPECT_EQ(questions(), 1);
-    EXPECT_EQ(saveAs("a", QMessageBox::NoRole), std::nullopt);
-    EXPECT_EQ(questions(), 1);
+    expectOneQuestion("a", "a.mid");
 }
 
 TEST_F(SavePathTest, BehindAnExtensionOfAnotherKindTheRightOneIsAdded)
@@ -204,11 +206,7 @@ TEST_F(SavePathTest, BehindAnExtensionOfAnotherKindTheRightOneIsAdded)
 
 TEST_F(SavePathTest, AnExistingFileThatOnlyTheAddedExtensionMeansIsAskedAboutOnce)
 {
-    createFile("a.v2.mid");
-    EXPECT_EQ(saveAs("a.v2", QMessageBox::YesRole), place("a.v2.mid"));
-    EXPECT_EQ(questions(), 1);
-    EXPECT_EQ(saveAs("a.v2", QMessageBox::NoRole), std::nullopt);
-    EXPECT_EQ(questions(), 1);
+    expectOneQuestion("a.v2", "a.v2.mid");
 }
 
 TEST_F(SavePathTest, ACancelledDialogGivesNothing)
